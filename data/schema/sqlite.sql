@@ -1,0 +1,30 @@
+-- The tables of a library in SQLite (3.37 or later). A name is compared byte by byte.
+
+create table Dictionary (
+  GID integer not null primary key,
+  SortName text not null,
+  Position integer not null
+) strict;
+
+create index DictionaryByName on Dictionary (SortName);
+
+-- The rows stand in the order of the key, in which a category's words are read.
+create table Items (
+  SortID integer not null,
+  ID integer not null,
+  FatherID integer not null,
+  NodeName text not null,
+  primary key (SortID, ID)
+) strict, without rowid;
+
+-- Each entry also holds the row's key, so a name is searched for within its category.
+create index ItemsByName on Items (NodeName);
+
+-- autoincrement: no ID is given twice, not even after its row was deleted.
+create table GUIDLists (
+  GUIDField1 integer not null,
+  GUIDField2 integer not null,
+  GUIDField3 integer not null,
+  GUIDField4 integer not null,
+  ID integer primary key autoincrement
+) strict;

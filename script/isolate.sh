@@ -1,0 +1,28 @@
+# shellcheck shell=bash
+# Sourced by the scripts that test and measure: a home, settings, data sources and temporary files of
+# their own in one folder, $isolated, that goes with the script; nothing of the user's desktop shines
+# through. A script that has more to end defines its own end_more.
+
+isolated=$(mktemp -d)
+end_more() { :; }
+end_isolation() {
+  local status=$?
+  trap - EXIT
+  end_more || true
+  rm -rf "$isolated"
+  exit "$status"
+}
+trap end_isolation EXIT
+trap 'exit 129' HUP
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+# Servers that run as users of their own pass through here.
+chmod 711 "$isolated"
+mkdir -m 700 "$isolated"/{home,config,data,cache,run}
+mkdir -m 1777 "$isolated/tmp"
+export HOME=$isolated/home XDG_CONFIG_HOME=$isolated/config XDG_DATA_HOME=$isolated/data
+export XDG_CACHE_HOME=$isolated/cache XDG_RUNTIME_DIR=$isolated/run TMPDIR=$isolated/tmp
+export ODBCINI=$isolated/odbc.ini LC_ALL=C.UTF-8
+unset DISPLAY WAYLAND_DISPLAY XAUTHORITY DBUS_SESSION_BUS_ADDRESS XDG_CURRENT_DESKTOP ODBCSYSINI
+for name in $(compgen -e QT_); do unset "$name"; done

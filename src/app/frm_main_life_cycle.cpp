@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "frm_main.h"
+
+#include "band_container.h"
+#include "com_func.h"
+#include "component.h"
+#include "connection.h"
+#include "edit_words_funcs.h"
+#include "entry_scheme.h"
+#include "event_guard.h"
+#include "for_tree.h"
+#include "list_view.h"
+#include "message_box.h"
+#include "recordset.h"
+#include "settings.h"
+#include "shared_objects.h"
+#include "statements.h"
+#include "tree_view.h"
+
+#include <QCloseEvent>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+const QString kAppName = QStringLiteral("HCWordLib");
+const QString kSection = QStringLiteral("Settings");
+
+float GeometrySetting(const char* key, float fallback) {
+  return TextToSingle(
+      GetSetting(kAppName, kSection, QString::fromLatin1(key), SingleToText(fallback)), fallback);
+}
+
+void SaveGeometrySetting(const char* key, float value) {
+  SaveSetting(kAppName, kSection, QString::fromLatin1(key), SingleToText(value));
+}
+
+// For whoever looks after the database: which words could not be shown.
+void ReportSkippedWords(const QList<EditWordsFuncs::SkippedWord>& words) {
+  if (words.isEmpty()) return;
+  std::fprintf(stderr, "hcwordlib: %lld 个词的上级不存在，未载入：\n",
+               static_cast<long long>(words.size()));
+  for (const EditWordsFuncs::SkippedWord& word : words) {
+    std::fprintf(stderr, "  SortID=%d ID=%d FatherID=%d\n", word.DictID, word.ID, word.FatherID);
+  }
+}
+
+}  // namespace
+
+void frmMain::Form_Load() {
+  CheckGUIDGen();
+  InitForm();
+  LoadWordLib();
+}
+
+void frmMain::CheckGUIDGen() {
+  try {
+    CreateComponent(QString::fromLatin1(kGUIDGenProgId));
+  } catch (const std::exception&) {
+    MsgBox(nullptr, QStringLiteral("发生致命错误，结束程序。"), MsgBoxButtons::kOkOnly,
+           MsgBoxIcon::kInformation);
+    EndProgram();
+  }
+}
+
+void frmMain::InitForm() {
+  setWindowTitle(kAppTitle);
+  InitTreeView(*tvTreeView, imlTreeIcons);
+  InitListView(*lvListView, imlTreeIcons);
+  cbToolBar->SetBandWidth(2, 700);
+  const float left = GeometrySetting("MainLeft", 1000);
+  const float top = GeometrySetting("MainTop", 1000);
+  const float width = GeometrySetting("MainWidth", 6500);
+  const float height = GeometrySetting("MainHeight", 6500);
+  placement_.Set({left, top, width, height});
+  layout_.picTreeContain.width = 5000;
+}
+
+void frmMain::LoadWordLib() {
+  Node& root =
+      tvTreeView->Nodes().Add(QString(), Relationship::kChild, kRootKey, kAppTitle, kRootImage);
+  root.SetTag(kAppTitle);
+  tvTreeView->SetSelectedItem(root);
+
+  TheConn().SetConnectionString(QStringLiteral("DSN=HCWordLib"));
+  TheConn().Open(QString(), QString());
+
+  auto categories = std::make_unique<Recordset>();
+  categories->Open(Statement::SelectCategories(), TheConn(), CursorType::kKeyset,
+                   LockType::kUnspecified);
+  if (categories->IsEof()) return;
+  TheEditFuncs().OpenAddNodes(*tvTreeView, *categories);
+  tvTreeView->SetSelectedItem(root);
+  tvTreeView->SetExpanded(root, false);
+  CloseRecordset(categories);
+  ReportSkippedWords(TheEditFuncs().SkippedWords());
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  Guarded([this] {
+    tvTreeView->CancelLabelEdit();
+    Form_QueryUnload();
+    Form_Unload();
+  })();
+  event->accept();
+}
+
+void frmMain::Form_QueryUnload() {
+  TheConn().Close();
+  ReleaseSharedObjects();
+}
+
+void frmMain::Form_Unload() {
+  if (isMinimized()) return;
+  const TwipsRect geometry = placement_.Get();
+  SaveGeometrySetting("MainLeft", geometry.left);
+  SaveGeometrySetting("MainTop", geometry.top);
+  SaveGeometrySetting("MainWidth", geometry.width);
+  SaveGeometrySetting("MainHeight", geometry.height);
+}

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "word_lib_main.h"
+
+#include "entry_scheme.h"
+#include "event_guard.h"
+#include "frm_main.h"
+#include "single_instance.h"
+#include "window_manager.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <memory>
+
+int Main(int argc, char** argv) {
+  SingleInstance instance("HCWordLib");
+  if (instance.PrevInstance()) {
+    instance.HandOver();
+    return 0;
+  }
+
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("hcwordlib"));
+  QApplication::setDesktopFileName(QStringLiteral("hcwordlib"));
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/hcwordlib.svg")));
+  // Qt's own texts: the context menu of an editor, the buttons of its dialogs.
+  QTranslator translator;
+  if (translator.load(QLocale(QLocale::Chinese, QLocale::China), QStringLiteral("qtbase"),
+                      QStringLiteral("_"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(&translator);
+  }
+
+  std::unique_ptr<frmMain> window;
+  Guarded([&window] {
+    window = std::make_unique<frmMain>();
+    window->Form_Load();
+    window->show();
+  })();
+  instance.Serve([](const ActivationToken& token) {
+    QWidget* running = FindWindowByCaption(kAppTitle);
+    if (running == nullptr) return;
+    RestoreWindow(*running);
+    SetForegroundWindow(*running, token);
+    BringWindowToTop(*running);
+  });
+  return QApplication::exec();
+}

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "edit_words_funcs.h"
+
+#include "com_func.h"
+#include "connection.h"
+#include "entry_scheme.h"
+#include "error.h"
+#include "list_view.h"
+#include "recordset.h"
+#include "statements.h"
+#include "tree_view.h"
+#include "word_tree.h"
+
+#include <limits>
+#include <memory>
+
+EditWordsFuncs::EditWordsFuncs(Connection& connection, WordTree& wordTree)
+    : connection_(connection), wordTree_(wordTree) {}
+
+QString EditWordsFuncs::AddNode(TreeView& TheTree, const QString& ParentKey,
+                                const QString& NodeText, qint32 NodeIcon, const QString& NodeTag,
+                                qint32 Visible) {
+  const QString key = QStringLiteral("TheItem") + QString::number(TreeCount);
+  if (TreeCount == std::numeric_limits<qint32>::max()) throw Error(QStringLiteral("溢出"));
+  ++TreeCount;
+  Node& node = TheTree.Nodes().Add(ParentKey, Relationship::kChild, key, NodeText, NodeIcon);
+  node.SetTag(NodeTag);
+  if (Visible == 1) {
+    TheTree.SetSelectedItem(node);
+    TheTree.EnsureVisible(node);
+  }
+  return key;
+}
+
+QString EditWordsFuncs::AddListItem(ListView& TheList, const QString& NodeText, qint32 ListIcon,
+                                    const QString& ListTag, const QString& TheKey) {
+  TheList.Items().Add(TheKey, NodeText, ListIcon, ListIcon).SetTag(ListTag);
+  return TheKey;
+}
+
+bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
+  if (TheTable.IsEof()) return false;
+  TheTable.MoveLast();
+  const qint32 count = TheTable.RecordCount();
+  TheTable.MoveFirst();
+  for (qint32 i = 0; i < count; ++i) {
+    const qint32 gid = TheTable.FieldInteger("GID");
+    const qint32 position = TheTable.FieldInteger("Position");
+    const QString sortName = TheTable.FieldText("SortName");
+    const QString key = AddNode(TheTree, kRootKey, sortName, kCategoryImage, kCategoryTag, 0);
+    wordTree_.colDictPrptys().Add(gid, position, key, sortName, QString(), key);
+    TheTable.MoveNext();
+    OpenFastAddWords(TheTree, key, 0, gid);
+    TheTree.SetExpanded(TheTree.Nodes().Item(key), false);
+  }
+  return true;
+}
+
+bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, const QString& ParentKey,
+                                      qint32 /*ParentID*/, qint32 DictID) {
+  auto words = std::make_unique<Recordset>();
+  words->Open(Statement::SelectWords(DictID), connection_, CursorType::kKeyset,
+              LockType::kUnspecified);
+  if (words->IsEof()) return false;
+  words->MoveLast();
+  const qint32 count = words->RecordCount();
+  words->MoveFirst();
+  TreePrptys& records = wordTree_.colTreePrptys();
+  for (qint32 i = 0; i < count; ++i) {
+    const qint32 id = words->FieldInteger("ID");
+    const qint32 fatherId = words->FieldInteger("FatherID");
+    const QString nodeName = words->FieldText("NodeName");
+    QString parentKey = ParentKey;
+    if (fatherId == 0 || records.GetFatherKey(DictID, fatherId, parentKey)) {
+      const QString key = AddNode(TheTree, parentKey, nodeName, kWordImage, kWordTag, 0);
+      records.Add(DictID, id, fatherId, nodeName, key, kWordTag, parentKey, key);
+      TheTree.SetExpanded(TheTree.Nodes().Item(key), false);
+    } else {
+      skippedWords_.append(SkippedWord{DictID, id, fatherId});
+    }
+    words->MoveNext();
+  }
+  CloseRecordset(words);
+  return true;
+}
+
+QString EditWordsFuncs::TreeDictNewName() {
+  return FreeName(Statement::SearchCategories(), QStringLiteral("新建条目"),
+                  &Statement::CategoryCriterion);
+}
+
+QString EditWordsFuncs::TreeWordNewName(qint32 DictID) {
+  return FreeName(Statement::SearchWords(DictID), QStringLiteral("新加词"),
+                  &Statement::WordCriterion);
+}
+
+// The first of base, base2, base3, ... that no row has. Among one candidate more than there are
+// rows one is always free.
+QString EditWordsFuncs::FreeName(const QString& statement, const QString& base,
+                                 QString (*criterion)(const QString&)) {
+  auto rows = std::make_unique<Recordset>();
+  rows->Open(statement, connection_, CursorType::kKeyset, LockType::kUnspecified);
+  QString name = base;
+  if (!rows->IsEof()) {
+    rows->MoveLast();
+    const qint32 count = rows->RecordCount();
+    for (qint32 i = 1; i <= count + 1; ++i) {
+      name = i == 1 ? base : base + QString::number(i);
+      rows->MoveFirst();
+      rows->Find(criterion(name));
+      if (rows->IsEof()) break;
+    }
+  }
+  CloseRecordset(rows);
+  return name;
+}

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class Connection;
+class ListView;
+class Recordset;
+class TreeView;
+class WordTree;
+
+// The editing engine: gives every entry of the tree and the list its key and tag, loads the
+// library and finds free default names. Failures of the database, the collections and the controls
+// reach the caller unchanged.
+class EditWordsFuncs {
+ public:
+  // Both must outlive this object.
+  EditWordsFuncs(Connection& connection, WordTree& wordTree);
+
+  // Adds a node as the last child of the node keyed ParentKey and returns its key. With Visible 1
+  // the node is selected and scrolled into view.
+  QString AddNode(TreeView& TheTree, const QString& ParentKey, const QString& NodeText,
+                  qint32 NodeIcon, const QString& NodeTag, qint32 Visible = 0);
+
+  // Appends an item under the key TheKey and returns that.
+  QString AddListItem(ListView& TheList, const QString& NodeText, qint32 ListIcon,
+                      const QString& ListTag, const QString& TheKey);
+
+  // Loads the categories of TheTable, a record set over Dictionary, with their words, in the order
+  // of its rows. False when it has none. TheTable stays open.
+  bool OpenAddNodes(TreeView& TheTree, Recordset& TheTable);
+
+  // Loads all words of the category DictID under its node, keyed ParentKey. False when it has
+  // none. ParentID is not used.
+  bool OpenFastAddWords(TreeView& TheTree, const QString& ParentKey, qint32 ParentID,
+                        qint32 DictID);
+
+  // The words that were not loaded because no word read before them is their parent.
+  struct SkippedWord {
+    qint32 DictID;
+    qint32 ID;
+    qint32 FatherID;
+  };
+  const QList<SkippedWord>& SkippedWords() const { return skippedWords_; }
+
+  // A name that no category has, and one that no word of the category DictID has at any level.
+  QString TreeDictNewName();
+  QString TreeWordNewName(qint32 DictID);
+
+ private:
+  QString FreeName(const QString& statement, const QString& base,
+                   QString (*criterion)(const QString&));
+
+  Connection& connection_;
+  WordTree& wordTree_;
+  // The number in the next node's key.
+  qint32 TreeCount = 0;
+  QList<SkippedWord> skippedWords_;
+};

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "error.h"
+#include "key_index.h"
+
+#include <QString>
+
+#include <utility>
+
+// An ordered container of records with at most one key a record, unique in the collection. A
+// record is found by its key at once, by its position in a walk. Every failure is raised as Error
+// and changes nothing. References to records stay valid until their record is removed.
+template <class Record>
+class KeyedCollection {
+ public:
+  KeyedCollection() = default;
+  ~KeyedCollection() { Clear(); }
+  KeyedCollection(const KeyedCollection&) = delete;
+  KeyedCollection& operator=(const KeyedCollection&) = delete;
+
+  // Appends `record`, without a key when `sKey` is empty. Fails when the key is in use.
+  Record& Append(Record record, const QString& sKey) {
+    if (!sKey.isEmpty() && index_.Contains(sKey)) {
+      throw Error(QStringLiteral("该关键字已经与该集合的一个元素相关联"));
+    }
+    auto* entry = new Entry{{CompactText(sKey)}, std::move(record), last_};
+    (last_ == nullptr ? first_ : last_->next) = entry;
+    last_ = entry;
+    ++count_;
+    if (!sKey.isEmpty()) index_.Insert(*entry);
+    return entry->record;
+  }
+
+  // The record stored under the key, or at the position counted from 1. Fails when there is none.
+  Record& Item(const QString& vntIndexKey) const { return Find(vntIndexKey).record; }
+  Record& Item(qint32 vntIndexKey) const { return Find(vntIndexKey).record; }
+
+  // Removes the record that Item would find and returns it.
+  template <class IndexKey>
+  Record Remove(const IndexKey& vntIndexKey) {
+    Entry& entry = Find(vntIndexKey);
+    if (!(entry.key == CompactText())) index_.Remove(entry);
+    (entry.previous == nullptr ? first_ : entry.previous->next) = entry.next;
+    (entry.next == nullptr ? last_ : entry.next->previous) = entry.previous;
+    --count_;
+    Record record = std::move(entry.record);
+    delete &entry;
+    return record;
+  }
+
+  void Clear() {
+    index_.Clear();
+    while (first_ != nullptr) delete std::exchange(first_, first_->next);
+    last_ = nullptr;
+    count_ = 0;
+  }
+
+  qint32 Count() const { return count_; }
+
+  // The first record, in the order in which they were added, that `holds` is true for, or null.
+  template <class Predicate>
+  Record* FindFirst(Predicate holds) const {
+    for (Entry* entry = first_; entry != nullptr; entry = entry->next) {
+      if (holds(entry->record)) return &entry->record;
+    }
+    return nullptr;
+  }
+
+ private:
+  // Linked by hand: a standard list could not remove an entry that was found by its key.
+  struct Entry : Keyed {
+    Record record;
+    Entry* previous = nullptr;
+    Entry* next = nullptr;
+  };
+
+  Entry& Find(const QString& key) const {
+    Entry* entry = key.isEmpty() ? nullptr : index_.Find(key);
+    if (entry == nullptr) throw Error(QStringLiteral("无效的过程调用或参数"));
+    return *entry;
+  }
+  Entry& Find(qint32 position) const {
+    if (position < 1 || position > count_) throw Error(QStringLiteral("下标越界"));
+    Entry* entry = first_;
+    while (--position > 0) entry = entry->next;
+    return *entry;
+  }
+
+  Entry* first_ = nullptr;
+  Entry* last_ = nullptr;
+  qint32 count_ = 0;
+  KeyIndex<Entry> index_;
+};

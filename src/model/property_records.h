@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "compact_text.h"
+
+#include <QString>
+
+// The records that mirror what the tree and the list show. They hold the database identifiers of
+// an entry, which the controls do not hold, beside its key, text and tag. Plain values: a new
+// record has every text empty and every number 0.
+
+// A word shown as a tree node.
+class TreePrpty {
+ public:
+  // The key of the tree node that this word's node hangs under.
+  void SetFatherKey(const QString& value) { fatherKey_ = CompactText(value); }
+  QString FatherKey() const { return fatherKey_.ToString(); }
+
+  void SetTag(const QString& value) { tag_ = CompactText(value); }
+  QString Tag() const { return tag_.ToString(); }
+
+  // The key of the word's tree node and of this record in its collection.
+  void SetNodeKey(const QString& value) { nodeKey_ = CompactText(value); }
+  QString NodeKey() const { return nodeKey_.ToString(); }
+
+  void SetNodeName(const QString& value) { nodeName_ = value; }
+  QString NodeName() const { return nodeName_; }
+
+  // The ID of the parent word in the same category; 0 for a word directly under its category.
+  void SetFatherID(qint32 value) { fatherId_ = value; }
+  qint32 FatherID() const { return fatherId_; }
+
+  // Unique within the word's category only.
+  void SetID(qint32 value) { id_ = value; }
+  qint32 ID() const { return id_; }
+
+  // The GID of the word's category.
+  void SetDicID(qint32 value) { dicId_ = value; }
+  qint32 DicID() const { return dicId_; }
+
+ private:
+  CompactText fatherKey_;
+  CompactText tag_;
+  CompactText nodeKey_;
+  QString nodeName_;
+  qint32 fatherId_ = 0;
+  qint32 id_ = 0;
+  qint32 dicId_ = 0;
+};
+
+// An entry shown as a list item.
+class ListPrpty {
+ public:
+  void SetPosition(qint32 value) { position_ = value; }
+  qint32 Position() const { return position_; }
+
+  // The tag of the record of the entry shown: empty for a category.
+  void SetTag(const QString& value) { tag_ = CompactText(value); }
+  QString Tag() const { return tag_.ToString(); }
+
+  void SetNodeName(const QString& value) { nodeName_ = value; }
+  QString NodeName() const { return nodeName_; }
+
+  // The key of the list item and of the tree node that it shows.
+  void SetNodeKey(const QString& value) { nodeKey_ = CompactText(value); }
+  QString NodeKey() const { return nodeKey_.ToString(); }
+
+  // The word's ID; 0 for a category.
+  void SetID(qint32 value) { id_ = value; }
+  qint32 ID() const { return id_; }
+
+  // As in TreePrpty for a word; empty for a category.
+  void SetFatherKey(const QString& value) { fatherKey_ = CompactText(value); }
+  QString FatherKey() const { return fatherKey_.ToString(); }
+
+  // As in TreePrpty for a word; 0 for a category.
+  void SetFatherID(qint32 value) { fatherId_ = value; }
+  qint32 FatherID() const { return fatherId_; }
+
+  // The category's GID; for a word, its category's.
+  void SetDicID(qint32 value) { dicId_ = value; }
+  qint32 DicID() const { return dicId_; }
+
+ private:
+  qint32 position_ = 0;
+  qint32 id_ = 0;
+  qint32 fatherId_ = 0;
+  qint32 dicId_ = 0;
+  CompactText tag_;
+  CompactText nodeKey_;
+  CompactText fatherKey_;
+  QString nodeName_;
+};
+
+// A category shown as a tree node.
+class DictPrpty {
+ public:
+  // Always empty.
+  void SetTag(const QString& value) { tag_ = CompactText(value); }
+  QString Tag() const { return tag_.ToString(); }
+
+  void SetNodeName(const QString& value) { nodeName_ = value; }
+  QString NodeName() const { return nodeName_; }
+
+  // The key of the category's tree node and of this record in its collection.
+  void SetNodeKey(const QString& value) { nodeKey_ = CompactText(value); }
+  QString NodeKey() const { return nodeKey_.ToString(); }
+
+  // As loaded or as assigned at creation.
+  void SetPosition(qint32 value) { position_ = value; }
+  qint32 Position() const { return position_; }
+
+  // The category's GID.
+  void SetDicID(qint32 value) { dicId_ = value; }
+  qint32 DicID() const { return dicId_; }
+
+ private:
+  CompactText tag_;
+  CompactText nodeKey_;
+  QString nodeName_;
+  qint32 position_ = 0;
+  qint32 dicId_ = 0;
+};

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "list_view.h"
+
+#include "mouse.h"
+#include "twips.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QStyledItemDelegate>
+
+namespace {
+
+// Every item has the same size, so that a list of a hundred thousand is laid out at once.
+class ListItemDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void SetSize(const QSize& size) { size_ = size; }
+  QSize sizeHint(const QStyleOptionViewItem& /*option*/,
+                 const QModelIndex& /*index*/) const override {
+    return size_;
+  }
+
+ private:
+  QSize size_;
+};
+
+constexpr int kIconSize = 16;
+constexpr int kWidestItem = 480;
+
+}  // namespace
+
+ListView::ListView(QWidget* parent) : QListView(parent) {
+  setItemDelegate(new ListItemDelegate(this));
+  setModel(&items_);
+  setViewMode(ListMode);
+  setFlow(TopToBottom);
+  setWrapping(true);
+  setResizeMode(Adjust);
+  setUniformItemSizes(true);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(SingleSelection);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setIconSize(QSize(kIconSize, kIconSize));
+  setTextElideMode(Qt::ElideRight);
+  setMouseTracking(true);
+  connect(&items_, &QAbstractItemModel::rowsInserted, this, &ListView::FitItems);
+  FitItems();
+}
+
+ListView::~ListView() {
+  setModel(nullptr);
+}
+
+void ListView::SetSmallIcons(const ImageList* images) {
+  items_.SetSmallIcons(images);
+}
+
+const ListItem* ListView::HitTest(float x, float y) const {
+  const QModelIndex index = indexAt(QPoint(TwipsToPixels(x), TwipsToPixels(y)));
+  return index.isValid() ? &items_.Item(index.row() + 1) : nullptr;
+}
+
+void ListView::UsePointer(bool custom) {
+  if (custom) {
+    viewport()->setCursor(customPointer_);
+  } else {
+    viewport()->unsetCursor();
+  }
+}
+
+void ListView::mouseMoveEvent(QMouseEvent* event) {
+  QListView::mouseMoveEvent(event);
+  Q_EMIT MouseMove(MouseButtonsDown(event->buttons()), ShiftState(event->modifiers()),
+                   PixelsToTwips(event->position().toPoint().x()),
+                   PixelsToTwips(event->position().toPoint().y()));
+}
+
+void ListView::changeEvent(QEvent* event) {
+  QListView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitItems();
+}
+
+// As wide as the widest label asks, within reason; a longer one ends in an ellipsis.
+void ListView::FitItems() {
+  int widest = 0;
+  for (const QString& text : items_.LongestTexts()) {
+    widest = qMax(widest, fontMetrics().horizontalAdvance(text));
+  }
+  const QSize size(qMin(widest + kIconSize + 22, kWidestItem),
+                   qMax(kIconSize, fontMetrics().height()) + 4);
+  static_cast<ListItemDelegate*>(itemDelegate())->SetSize(size);
+  scheduleDelayedItemsLayout();
+}

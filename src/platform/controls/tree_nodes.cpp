@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "tree_nodes.h"
+
+#include "error.h"
+
+#include <utility>
+
+TreeNodes::TreeNodes() = default;
+
+TreeNodes::~TreeNodes() {
+  index_.Clear();
+  if (!top_.children_) return;
+  for (std::unique_ptr<Node>& node : *top_.children_) Forget(std::move(node));
+}
+
+Node& TreeNodes::Add(const QString& relative, Relationship /*relationship*/, const QString& key,
+                     const QString& text, int image) {
+  Node* parent = relative.isEmpty() ? &top_ : index_.Find(relative);
+  if (parent == nullptr) throw Error(QStringLiteral("找不到元素"));
+  if (index_.Contains(key)) throw Error(QStringLiteral("集合中的关键字不唯一"));
+
+  std::unique_ptr<Node> node(new Node);
+  node->key = CompactText(key);
+  node->parent_ = parent;
+  node->text_ = text;
+  node->row_ = parent->Children();
+  node->image_ = static_cast<qint16>(image);
+  if (!parent->children_) {
+    parent->children_ = std::make_unique<std::vector<std::unique_ptr<Node>>>();
+  }
+  beginInsertRows(parent == &top_ ? QModelIndex() : IndexOf(parent), node->row_, node->row_);
+  Node& added = *parent->children_->emplace_back(std::move(node));
+  index_.Insert(added);
+  endInsertRows();
+  return added;
+}
+
+Node& TreeNodes::Item(const QString& key) const {
+  Node* node = index_.Find(key);
+  if (node == nullptr) throw Error(QStringLiteral("找不到元素"));
+  return *node;
+}
+
+void TreeNodes::Remove(const QString& key) {
+  Node& node = Item(key);
+  Node* parent = node.parent_;
+  auto& siblings = *parent->children_;
+  const int row = node.row_;
+  beginRemoveRows(this->parent(IndexOf(&node)), row, row);
+  std::unique_ptr<Node> removed = std::move(siblings[row]);
+  siblings.erase(siblings.begin() + row);
+  for (size_t i = row; i < siblings.size(); ++i) siblings[i]->row_ = static_cast<qint32>(i);
+  Forget(std::move(removed));
+  endRemoveRows();
+}
+
+void TreeNodes::SetText(Node& node, const QString& text) {
+  node.text_ = text;
+  const QModelIndex index = IndexOf(&node);
+  Q_EMIT dataChanged(index, index, {Qt::DisplayRole});
+}
+
+// Takes the nodes apart one by one: a chain of words can be deeper than the stack.
+void TreeNodes::Forget(std::unique_ptr<Node> subtree) {
+  std::vector<std::unique_ptr<Node>> nodes;
+  nodes.push_back(std::move(subtree));
+  while (!nodes.empty()) {
+    const std::unique_ptr<Node> node = std::move(nodes.back());
+    nodes.pop_back();
+    index_.Remove(*node);
+    if (node->children_) {
+      for (std::unique_ptr<Node>& child : *node->children_) nodes.push_back(std::move(child));
+    }
+  }
+}
+
+QModelIndex TreeNodes::IndexOf(const Node* node) const {
+  return node == nullptr ? QModelIndex() : createIndex(node->row_, 0, node);
+}
+
+Node* TreeNodes::NodeAt(const QModelIndex& index) const {
+  return static_cast<Node*>(index.internalPointer());
+}
+
+QModelIndex TreeNodes::index(int row, int column, const QModelIndex& parent) const {
+  const Node* node = parent.isValid() ? NodeAt(parent) : &top_;
+  if (column != 0 || row < 0 || row >= node->Children()) return QModelIndex();
+  return createIndex(row, column, (*node->children_)[row].get());
+}
+
+QModelIndex TreeNodes::parent(const QModelIndex& index) const {
+  return index.isValid() ? IndexOf(NodeAt(index)->Parent()) : QModelIndex();
+}
+
+int TreeNodes::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? NodeAt(parent)->Children() : top_.Children();
+}
+
+int TreeNodes::columnCount(const QModelIndex& /*parent*/) const {
+  return 1;
+}
+
+bool TreeNodes::hasChildren(const QModelIndex& parent) const {
+  return rowCount(parent) > 0;
+}
+
+QVariant TreeNodes::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return QVariant();
+  const Node& node = *NodeAt(index);
+  switch (role) {
+    case Qt::DisplayRole:
+      return node.text_;
+    case Qt::DecorationRole:
+      return images_ == nullptr ? QVariant() : QVariant::fromValue(images_->Picture(node.image_));
+    default:
+      return QVariant();
+  }
+}

@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "image_list.h"
+#include "key_index.h"
+
+#include <QAbstractItemModel>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class TreeNodes;
+
+// A node of a tree view, owned by its parent. It stays where it is in memory until it is removed.
+class Node : private Keyed {
+ public:
+  QString Key() const { return key.ToString(); }
+  QString Tag() const { return tag_.ToString(); }
+  void SetTag(const QString& tag) { tag_ = CompactText(tag); }
+  const QString& Text() const { return text_; }
+  // The number of the node's picture in the view's image list.
+  int Image() const { return image_; }
+
+  // The number of direct children; the first of them, the next sibling and the parent, each null
+  // where there is none.
+  int Children() const { return children_ ? static_cast<int>(children_->size()) : 0; }
+  Node* Child() const { return Children() > 0 ? children_->front().get() : nullptr; }
+  Node* Next() const { return Sibling(1); }
+  Node* Previous() const { return Sibling(-1); }
+  Node* Parent() const { return parent_->parent_ == nullptr ? nullptr : parent_; }
+
+ private:
+  friend class TreeNodes;
+  friend class KeyIndex<Node>;
+  Node() = default;
+
+  Node* Sibling(int distance) const {
+    const size_t row = static_cast<size_t>(row_ + distance);
+    return row < parent_->children_->size() ? (*parent_->children_)[row].get() : nullptr;
+  }
+
+  Node* parent_ = nullptr;
+  // Null until there is a child: most nodes are leaves.
+  std::unique_ptr<std::vector<std::unique_ptr<Node>>> children_;
+  QString text_;
+  CompactText tag_;
+  qint32 row_ = 0;
+  qint16 image_ = 0;
+};
+
+enum class Relationship { kChild = 4 };
+
+// The nodes of a tree view, as an item model of one column. A node is found by its key at once,
+// its row among its siblings is known.
+class TreeNodes : public QAbstractItemModel {
+  Q_OBJECT
+
+ public:
+  TreeNodes();
+  ~TreeNodes() override;
+
+  // `images` must outlive the nodes.
+  void SetImageList(const ImageList* images) { images_ = images; }
+
+  // Adds a node as the last child of the node keyed `relative`, or as the last top-level node when
+  // that is empty. An Error when there is no such node or the key is in use; then nothing is added.
+  Node& Add(const QString& relative, Relationship relationship, const QString& key,
+            const QString& text, int image);
+
+  // An Error when there is none.
+  Node& Item(const QString& key) const;
+
+  // Null when there is none.
+  Node* Find(const QString& key) const { return index_.Find(key); }
+
+  // Removes the node with its whole subtree. An Error when there is none.
+  void Remove(const QString& key);
+
+  void SetText(Node& node, const QString& text);
+
+  QModelIndex IndexOf(const Node* node) const;
+  Node* NodeAt(const QModelIndex& index) const;
+
+  QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
+  QModelIndex parent(const QModelIndex& index) const override;
+  int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+  int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+  bool hasChildren(const QModelIndex& parent = QModelIndex()) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+
+ private:
+  void Forget(std::unique_ptr<Node> subtree);
+
+  // The invisible parent of the top-level nodes.
+  Node top_;
+  KeyIndex<Node> index_;
+  const ImageList* images_ = nullptr;
+};

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "label_editor.h"
+#include "tree_nodes.h"
+
+#include <QPointer>
+#include <QTimer>
+#include <QTreeView>
+
+class ImageList;
+class TreeItemDelegate;
+
+enum class LineStyle { kTreeLines = 0, kRootLines = 1 };
+enum class LabelEdit { kAutomatic = 0, kManual = 1 };
+
+// A tree of keyed nodes, drawn with lines, plus/minus boxes, pictures and labels, with one selected
+// node, a drop highlight and in-place label editing.
+// What the user does raises the signals; what the program does raises none of them but
+// BeforeLabelEdit. The signals' receivers are called at once.
+class TreeView : public QTreeView {
+  Q_OBJECT
+
+ public:
+  explicit TreeView(QWidget* parent = nullptr);
+  ~TreeView() override;
+
+  TreeNodes& Nodes() { return nodes_; }
+
+  // When on, the selected node is not highlighted while the tree has not the focus.
+  void SetHideSelection(bool hide);
+  // When on, the node under the pointer is highlighted faintly.
+  void SetHotTracking(bool on);
+  void SetLineStyle(LineStyle style);
+  // Automatic: a click on the label of the selected node opens the editor.
+  void SetLabelEdit(LabelEdit labelEdit) { labelEdit_ = labelEdit; }
+  // In twips; no less than what the lines and boxes need.
+  void SetIndentation(float twips);
+  // `images` must outlive the tree.
+  void SetImageList(const ImageList* images);
+
+  // Null when there is none.
+  Node* SelectedItem() const;
+  void SetSelectedItem(Node& node);
+  // The node highlighted under the right button, null when there is none.
+  Node* DropHighlight() const { return dropHighlight_; }
+
+  bool Expanded(const Node& node) const;
+  void SetExpanded(Node& node, bool expanded);
+  // Expands the node's ancestors and scrolls it into view.
+  void EnsureVisible(Node& node);
+  // Removes the node with its subtree. When the selected node goes with it, the next sibling is
+  // selected, else the previous one, else the parent.
+  void RemoveNode(const QString& key);
+
+  // Opens the label editor on the selected node, unless there is none or BeforeLabelEdit refuses.
+  void StartLabelEdit();
+  // Ends label editing without AfterLabelEdit; the label keeps its old text.
+  void CancelLabelEdit();
+  bool IsEditing() const { return editor_ != nullptr; }
+
+  // Where picture and label of the node are drawn, in the viewport's coordinates.
+  QRect ItemRect(const Node& node) const;
+  QRect LabelRect(const Node& node) const;
+
+ Q_SIGNALS:
+  // The user selected `node` by mouse or keyboard, or clicked it with the right button.
+  void NodeClick(Node* node);
+  // Positions in twips; buttons and shift states as in mouse.h.
+  void MouseDown(int button, int shift, float x, float y);
+  void MouseUp(int button, int shift, float x, float y);
+  // The editor is about to open on the selected node; a non-zero `cancel` refuses it.
+  void BeforeLabelEdit(qint16& cancel);
+  // The user has ended the editing, the editor is closed; a non-zero `cancel` keeps the old text.
+  void AfterLabelEdit(qint16& cancel, const QString& newString);
+  void GotFocus();
+  // The context-menu key was pressed; `position` on the screen belongs to the selected node.
+  void ContextMenuKey(const QPoint& position);
+
+ public:
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void updateGeometries() override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
+  void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
+
+ private:
+  void AttachModel();
+  Node* NodeUnder(const QPoint& position) const;
+  void EndLabelEdit(LabelEditor::Ending ending);
+  void CloseEditor();
+  void PlaceEditor();
+  void FitColumn(bool rowsChanged);
+  // Runs `action`; when it moved the selection, raises NodeClick.
+  template <class Action>
+  void SelectByKeyboard(Action action);
+
+  TreeNodes nodes_;
+  TreeItemDelegate* delegate_;
+  LabelEdit labelEdit_ = LabelEdit::kAutomatic;
+  // Used while the view has no model yet; afterwards the current index tells.
+  Node* selectedBeforeShow_ = nullptr;
+  Node* dropHighlight_ = nullptr;
+  QPointer<LabelEditor> editor_;
+  QString editedKey_;
+  // The node whose label was clicked while it was selected already, until it is clear that no
+  // double click follows.
+  Node* clickedLabel_ = nullptr;
+  int widest_ = 0;
+  QPoint pressedAt_;
+  bool focusCameWithPress_ = false;
+  QTimer editTimer_;
+};

@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "connection.h"
+
+#include "database_error.h"
+#include "fault_injection.h"
+#include "odbc_connection.h"
+
+#include <langinfo.h>
+#include <clocale>
+#include <cstring>
+
+namespace {
+
+// A value as it may stand in a connection string.
+QString Braced(QString value) {
+  return u'{' + value.replace(u'}', QLatin1String("}}")) + u'}';
+}
+
+}  // namespace
+
+void OdbcConnection::RequireOpen() const {
+  if (!handle) throw DatabaseError(QStringLiteral("对象关闭时，不允许操作。"));
+}
+
+OdbcHandle OdbcConnection::NewStatement() const {
+  OdbcHandle statement(SQL_HANDLE_STMT, &handle);
+  // Braces inside a name are no escape sequences. A driver that knows none may refuse to be told.
+  SQLSetStmtAttr(statement.Get(), SQL_ATTR_NOSCAN, AsOdbcPointer(SQL_NOSCAN_ON), 0);
+  return statement;
+}
+
+void OdbcConnection::SetAutocommit(bool on) {
+  handle.Check(SQLSetConnectAttr(handle.Get(), SQL_ATTR_AUTOCOMMIT,
+                                 AsOdbcPointer(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0));
+}
+
+void OdbcConnection::EndTransaction(SQLSMALLINT how) {
+  RequireOpen();
+  if (!inTransaction) throw DatabaseError(QStringLiteral("没有已经开始的事务。"));
+  handle.Check(SQLEndTran(SQL_HANDLE_DBC, handle.Get(), how));
+  inTransaction = false;
+  SetAutocommit(true);
+}
+
+void OdbcConnection::Disconnect() {
+  const OdbcHandle oldEnvironment = std::move(environment);
+  const OdbcHandle oldHandle = std::move(handle);
+  if (std::exchange(inTransaction, false)) {
+    try {
+      oldHandle.Check(SQLEndTran(SQL_HANDLE_DBC, oldHandle.Get(), SQL_ROLLBACK));
+    } catch (const DatabaseError&) {
+      SQLDisconnect(oldHandle.Get());
+      throw;
+    }
+  }
+  oldHandle.Check(SQLDisconnect(oldHandle.Get()));
+}
+
+Connection::Connection() : impl_(std::make_unique<OdbcConnection>()) {}
+
+Connection::~Connection() {
+  try {
+    if (IsOpen()) impl_->Disconnect();
+  } catch (const DatabaseError&) {
+    // Nobody is left to be told; Close is where a failure is reported.
+  }
+}
+
+void Connection::SetConnectionString(const QString& connectionString) {
+  impl_->connectionString = connectionString;
+}
+
+void Connection::Open(const QString& user, const QString& password) {
+  if (IsOpen()) throw DatabaseError(QStringLiteral("对象打开时，不允许操作。"));
+  // Drivers convert between the process's encoding and UTF-16. A user's locale may be one that is
+  // not installed; that every system has is C.UTF-8.
+  const auto isUtf8 = [] { return std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0; };
+  if (!isUtf8() && (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr || !isUtf8())) {
+    throw DatabaseError(QStringLiteral("进程的字符编码不是 UTF-8，不能正确读写数据库中的文字。"));
+  }
+  // An empty UID would override the data source's own with one driver, so it is left out.
+  QString text = impl_->connectionString;
+  if (!user.isEmpty()) text += QStringLiteral(";UID=") + Braced(user);
+  if (!password.isEmpty()) text += QStringLiteral(";PWD=") + Braced(password);
+  QByteArray utf8 = text.toUtf8();
+
+  OdbcHandle environment(SQL_HANDLE_ENV);
+  environment.Check(
+      SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, AsOdbcPointer(SQL_OV_ODBC3), 0));
+  OdbcHandle handle(SQL_HANDLE_DBC, &environment);
+  handle.Check(SQLDriverConnect(handle.Get(), nullptr, OdbcText(utf8), SQL_NTS, nullptr, 0, nullptr,
+                                SQL_DRIVER_NOPROMPT));
+  impl_->environment = std::move(environment);
+  impl_->handle = std::move(handle);
+  try {
+    char name[256] = {};
+    impl_->handle.Check(SQLGetInfo(impl_->handle.Get(), SQL_DBMS_NAME, name, sizeof name, nullptr));
+    impl_->engineName = QString::fromUtf8(name);
+    impl_->dialect = &DialectOf(impl_->engineName);
+    for (const char* statement : impl_->dialect->sessionStatements) {
+      QByteArray sessionText(statement);
+      const OdbcHandle hstmt = impl_->NewStatement();
+      hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(sessionText), SQL_NTS));
+    }
+  } catch (...) {
+    SQLDisconnect(impl_->handle.Get());
+    impl_->handle = OdbcHandle();
+    throw;
+  }
+}
+
+bool Connection::IsOpen() const {
+  return static_cast<bool>(impl_->handle);
+}
+
+void Connection::Close() {
+  impl_->RequireOpen();
+  impl_->Disconnect();
+}
+
+void Connection::Execute(const QString& statement) {
+  impl_->RequireOpen();
+  TakeDatabaseStep();
+  QByteArray text = WithoutDeleteStar(statement).toUtf8();
+  const OdbcHandle hstmt = impl_->NewStatement();
+  ++impl_->changes;
+  hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(text), SQL_NTS));
+}
+
+void Connection::BeginTransaction() {
+  impl_->RequireOpen();
+  if (impl_->inTransaction) throw DatabaseError(QStringLiteral("事务已经开始。"));
+  impl_->SetAutocommit(false);
+  impl_->inTransaction = true;
+}
+
+void Connection::CommitTransaction() {
+  impl_->RequireOpen();
+  TakeDatabaseStep();
+  impl_->EndTransaction(SQL_COMMIT);
+}
+
+void Connection::RollbackTransaction() {
+  impl_->EndTransaction(SQL_ROLLBACK);
+}
+
+QString Connection::EngineName() const {
+  impl_->RequireOpen();
+  return impl_->engineName;
+}

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "error.h"
+
+#include <QString>
+
+// A failure of the database layer. The description is the driver's own; a failure that no driver
+// reported (a record set that is not open, an unknown column) has an empty SQLSTATE.
+class DatabaseError : public Error {
+ public:
+  DatabaseError(QString description, QString sqlState, int nativeCode);
+  explicit DatabaseError(QString description);
+
+  // The five characters of ISO/IEC 9075, or empty.
+  const QString& SqlState() const noexcept { return sqlState_; }
+  // The engine's own code, 0 where there is none.
+  int NativeCode() const noexcept { return nativeCode_; }
+
+ private:
+  QString sqlState_;
+  int nativeCode_ = 0;
+};

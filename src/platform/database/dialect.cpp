@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "dialect.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+constexpr const char* kPostgreSqlSession[] = {"set standard_conforming_strings to on"};
+constexpr const char* kMariaDbSession[] = {
+    "set sql_mode = concat(@@sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_TRANS_TABLES')"};
+
+constexpr Dialect kSqlite = {{}, "select last_insert_rowid()"};
+constexpr Dialect kPostgreSql = {kPostgreSqlSession, "select lastval()"};
+constexpr Dialect kMariaDb = {kMariaDbSession, "select last_insert_id()"};
+constexpr Dialect kGeneric = {{}, nullptr};
+
+}  // namespace
+
+const Dialect& DialectOf(const QString& dbmsName) {
+  const auto named = [&](const char* name) {
+    return dbmsName.startsWith(QLatin1String(name), Qt::CaseInsensitive);
+  };
+  if (named("SQLite")) return kSqlite;
+  if (named("PostgreSQL")) return kPostgreSql;
+  if (named("MariaDB") || named("MySQL")) return kMariaDb;
+  return kGeneric;
+}
+
+QString WithoutDeleteStar(const QString& statement) {
+  static const QRegularExpression kDeleteStar(QStringLiteral("^\\s*delete\\s*\\*\\s*from(?=\\s)"),
+                                              QRegularExpression::CaseInsensitiveOption);
+  const QRegularExpressionMatch match = kDeleteStar.match(statement);
+  if (!match.hasMatch()) return statement;
+  return QStringLiteral("delete from") + statement.mid(match.capturedLength());
+}

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+
+#include <span>
+
+// What differs from engine to engine.
+struct Dialect {
+  // Sent right after connecting, so that a text between single quotes is literal but for doubled
+  // single quotes.
+  std::span<const char* const> sessionStatements;
+  // Asks for the number that the database gave to the row stored last on the same connection.
+  // Null where none is known.
+  const char* identityStatement;
+};
+
+// The dialect of the engine that its driver calls `dbmsName`.
+const Dialect& DialectOf(const QString& dbmsName);
+
+// `statement` as every engine takes it: "delete * from T" becomes "delete from T".
+QString WithoutDeleteStar(const QString& statement);

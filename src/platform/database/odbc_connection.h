@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "connection.h"
+#include "dialect.h"
+#include "odbc_handle.h"
+
+#include <QByteArray>
+
+struct OdbcConnection {
+  QString connectionString;
+  QString engineName;
+  const Dialect* dialect = nullptr;
+  // Destroyed in the opposite order.
+  OdbcHandle environment;
+  OdbcHandle handle;
+  bool inTransaction = false;
+  // Counts the statements that may have changed rows.
+  quint64 changes = 0;
+
+  void RequireOpen() const;
+  OdbcHandle NewStatement() const;
+  void SetAutocommit(bool on);
+  void EndTransaction(SQLSMALLINT how);
+  // Disconnects and throws the handles away, whatever the driver says; tells what it said.
+  void Disconnect();
+};
+
+// The driver takes statement texts in UTF-8.
+inline SQLCHAR* OdbcText(QByteArray& utf8) {
+  return reinterpret_cast<SQLCHAR*>(utf8.data());
+}

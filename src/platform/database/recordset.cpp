@@ -1,0 +1,261 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "recordset.h"
+
+#include "database_error.h"
+#include "fault_injection.h"
+#include "find_index.h"
+#include "insert_statement.h"
+#include "odbc_connection.h"
+#include "row_buffer.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+// All rows of `statement`, in one go: the driver's cursor is gone before anybody looks at them. A
+// forward-only cursor is the fastest one with every driver.
+RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement) {
+  // Enough for nearly every name; when it is not, the statement is run again.
+  constexpr size_t kTextUnits = 512;
+  TakeDatabaseStep();
+  QByteArray text = statement.toUtf8();
+  RowBuffer rows;
+  for (size_t textUnits = kTextUnits; textUnits != 0;) {
+    const OdbcHandle hstmt = connection.NewStatement();
+    hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(text), SQL_NTS));
+    textUnits = rows.Read(hstmt, textUnits);
+  }
+  return rows;
+}
+
+qint64 IntegerAt(const RowBuffer& rows, size_t column, size_t row) {
+  if (!rows.IsText(column)) return rows.Number(column, row);
+  const QStringView text = rows.Text(column, row);
+  if (text.isEmpty()) return 0;
+  bool isInteger = false;
+  const qint64 number = text.toLongLong(&isInteger);
+  if (!isInteger) throw DatabaseError(QStringLiteral("“%1”不是整数。").arg(text));
+  return number;
+}
+
+// The table of a statement that reads whole rows of one table, or an empty text.
+QString TableOf(const QString& statement) {
+  static const QRegularExpression kSelectAll(
+      QStringLiteral("\\A\\s*select\\s*\\*\\s*from\\s+([\\w.]+)(?!\\s*,)"),
+      QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+  return kSelectAll.match(statement).captured(1);
+}
+
+}  // namespace
+
+struct Recordset::Impl {
+  // A number that the database gave to a stored row and that nobody has asked for yet.
+  struct Unasked {
+    size_t row;
+    size_t column;
+    quint64 changes;
+  };
+
+  LockType lockType = LockType::kUnspecified;
+
+  OdbcConnection* connection = nullptr;  // null while closed
+  bool readOnly = true;
+  QString statement;
+  QString table;
+  RowBuffer rows;
+  size_t current = 0;
+  FindIndex findIndex;
+
+  bool adding = false;
+  NewRow newRow;
+  InsertStatement insert;
+  std::vector<Unasked> unasked;
+
+  void RequireOpen() const;
+  // Between AddNew and Update there is nothing to do but to fill in the row.
+  void RequireRows() const;
+  void RequireCurrentRow() const;
+  void Ask(size_t column);
+};
+
+void Recordset::Impl::RequireOpen() const {
+  if (connection == nullptr) throw DatabaseError(QStringLiteral("对象关闭时，不允许操作。"));
+}
+
+void Recordset::Impl::RequireRows() const {
+  RequireOpen();
+  if (adding) throw DatabaseError(QStringLiteral("新记录还没有保存，不允许此操作。"));
+  if (rows.RowCount() == 0) throw DatabaseError(QStringLiteral("记录集中没有记录。"));
+}
+
+void Recordset::Impl::RequireCurrentRow() const {
+  RequireRows();
+  if (current == rows.RowCount()) throw DatabaseError(QStringLiteral("没有当前记录。"));
+}
+
+// If the current row's number in `column` was left to the database, asks for it.
+void Recordset::Impl::Ask(size_t column) {
+  const auto found = std::find_if(unasked.begin(), unasked.end(), [&](const Unasked& u) {
+    return u.row == current && u.column == column;
+  });
+  if (found == unasked.end()) return;
+  connection->RequireOpen();
+  const char* identityStatement = connection->dialect->identityStatement;
+  if (identityStatement != nullptr && found->changes != connection->changes) {
+    throw DatabaseError(QStringLiteral("数据库为该记录分配的编号已经无法取得。"));
+  }
+  const RowBuffer answer =
+      ReadRows(*connection,
+               identityStatement != nullptr ? QString::fromLatin1(identityStatement) : statement);
+  if (answer.RowCount() == 0) throw DatabaseError(QStringLiteral("数据库没有给出新记录的编号。"));
+  rows.SetNumber(
+      column, current,
+      IntegerAt(answer, identityStatement != nullptr ? 0 : column, answer.RowCount() - 1));
+  unasked.erase(found);
+}
+
+Recordset::Recordset() : impl_(std::make_unique<Impl>()) {}
+
+Recordset::~Recordset() = default;
+
+void Recordset::SetLockType(LockType lockType) {
+  impl_->lockType = lockType;
+}
+
+void Recordset::SetCursorType(CursorType) {}
+
+void Recordset::Open(const QString& statement, Connection& connection) {
+  Open(statement, connection, CursorType::kStatic, impl_->lockType);
+}
+
+void Recordset::Open(const QString& statement, Connection& connection, CursorType,
+                     LockType lockType) {
+  if (IsOpen()) throw DatabaseError(QStringLiteral("对象打开时，不允许操作。"));
+  connection.impl_->RequireOpen();
+  auto opened = std::make_unique<Impl>();
+  opened->rows = ReadRows(*connection.impl_, statement);
+  opened->lockType = impl_->lockType;
+  opened->connection = connection.impl_.get();
+  opened->readOnly = lockType != LockType::kOptimistic;
+  opened->statement = statement;
+  opened->table = TableOf(statement);
+  impl_ = std::move(opened);
+}
+
+bool Recordset::IsOpen() const {
+  return impl_->connection != nullptr;
+}
+
+void Recordset::Close() {
+  impl_->RequireOpen();
+  auto closed = std::make_unique<Impl>();
+  closed->lockType = impl_->lockType;
+  impl_ = std::move(closed);
+}
+
+bool Recordset::IsEof() const {
+  impl_->RequireOpen();
+  return impl_->current == impl_->rows.RowCount();
+}
+
+void Recordset::MoveFirst() {
+  impl_->RequireRows();
+  impl_->current = 0;
+}
+
+void Recordset::MoveLast() {
+  impl_->RequireRows();
+  impl_->current = impl_->rows.RowCount() - 1;
+}
+
+void Recordset::MoveNext() {
+  impl_->RequireCurrentRow();
+  ++impl_->current;
+}
+
+qint32 Recordset::RecordCount() const {
+  impl_->RequireOpen();
+  return static_cast<qint32>(impl_->rows.RowCount());
+}
+
+void Recordset::Find(const QString& criterion) {
+  impl_->RequireCurrentRow();
+  const Criterion wanted = ParseCriterion(criterion);
+  const size_t column = impl_->rows.ColumnOf(wanted.column);
+  if (!impl_->rows.IsText(column)) {
+    throw DatabaseError(
+        QStringLiteral("字段“%1”不是文字，不能查找。").arg(QString::fromUtf8(wanted.column)));
+  }
+  impl_->current = impl_->findIndex.Find(impl_->rows, column, impl_->current, wanted.text);
+}
+
+qint32 Recordset::FieldInteger(const char* name) const {
+  impl_->RequireCurrentRow();
+  const size_t column = impl_->rows.ColumnOf(name);
+  if (!impl_->unasked.empty()) impl_->Ask(column);
+  const qint64 number = IntegerAt(impl_->rows, column, impl_->current);
+  if (number < std::numeric_limits<qint32>::min() || number > std::numeric_limits<qint32>::max()) {
+    throw DatabaseError(QStringLiteral("字段“%1”的值 %2 超出 32 位整数的范围。")
+                            .arg(QString::fromUtf8(name))
+                            .arg(number));
+  }
+  return static_cast<qint32>(number);
+}
+
+QString Recordset::FieldText(const char* name) const {
+  impl_->RequireCurrentRow();
+  const size_t column = impl_->rows.ColumnOf(name);
+  if (impl_->rows.IsText(column)) return impl_->rows.Text(column, impl_->current).toString();
+  if (!impl_->unasked.empty()) impl_->Ask(column);
+  return QString::number(impl_->rows.Number(column, impl_->current));
+}
+
+void Recordset::AddNew() {
+  impl_->RequireOpen();
+  if (impl_->adding) throw DatabaseError(QStringLiteral("新记录还没有保存，不允许此操作。"));
+  if (impl_->readOnly || impl_->table.isEmpty()) {
+    throw DatabaseError(QStringLiteral("记录集是只读的，不能添加记录。"));
+  }
+  impl_->newRow.assign(impl_->rows.ColumnCount(), std::nullopt);
+  impl_->adding = true;
+}
+
+void Recordset::SetField(const char* name, FieldValue value) {
+  impl_->RequireOpen();
+  if (!impl_->adding) throw DatabaseError(QStringLiteral("没有正在添加的记录。"));
+  const size_t column = impl_->rows.ColumnOf(name);
+  if (impl_->rows.IsText(column) != std::holds_alternative<QString>(value)) {
+    throw DatabaseError(QStringLiteral("字段“%1”的类型与值不符。").arg(QString::fromUtf8(name)));
+  }
+  impl_->newRow[column] = std::move(value);
+}
+
+void Recordset::Update() {
+  impl_->RequireOpen();
+  if (!impl_->adding) throw DatabaseError(QStringLiteral("没有正在添加的记录。"));
+  impl_->adding = false;
+  impl_->connection->RequireOpen();
+  TakeDatabaseStep();
+  const quint64 changes = ++impl_->connection->changes;
+  impl_->insert.Run(*impl_->connection, impl_->table, impl_->rows, impl_->newRow);
+
+  RowBuffer& rows = impl_->rows;
+  const size_t row = rows.RowCount();
+  for (size_t column = 0; column < rows.ColumnCount(); ++column) {
+    const std::optional<FieldValue>& value = impl_->newRow[column];
+    if (rows.IsText(column)) {
+      rows.AppendText(column, value ? std::get<QString>(*value) : QString());
+    } else {
+      rows.AppendNumber(column, value ? std::get<qint32>(*value) : 0);
+      if (!value) impl_->unasked.push_back({row, column, changes});
+    }
+  }
+  rows.EndRow();
+  impl_->findIndex.Clear();
+  impl_->current = row;
+}

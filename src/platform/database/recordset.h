@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <memory>
+#include <variant>
+
+class Connection;
+
+// Numbers as in the data access library whose record sets these follow: adOpenKeyset, ...
+enum class CursorType { kKeyset = 1, kDynamic = 2, kStatic = 3 };
+enum class LockType { kUnspecified = -1, kReadOnly = 1, kOptimistic = 3 };
+
+// What a field can be set to.
+using FieldValue = std::variant<qint32, QString>;
+
+// The rows of one statement, read when it is opened, with a current row. A record set with an
+// optimistic lock can also store new rows in the table that the statement selects from.
+// All failures are raised as DatabaseError; one that fails to open stays closed.
+class Recordset {
+ public:
+  Recordset();
+  ~Recordset();
+  Recordset(const Recordset&) = delete;
+  Recordset& operator=(const Recordset&) = delete;
+
+  // Used by the next Open where that leaves them out. At first: static, unspecified.
+  void SetCursorType(CursorType cursorType);
+  void SetLockType(LockType lockType);
+
+  // Runs `statement` on `connection`, which must outlive the record set, and stands on the first
+  // row, or at the end when there is none. An unspecified lock is read-only.
+  void Open(const QString& statement, Connection& connection);
+  void Open(const QString& statement, Connection& connection, CursorType cursorType,
+            LockType lockType);
+
+  bool IsOpen() const;
+
+  // Releases the rows. Fails when not open.
+  void Close();
+
+  // True behind the last row; true from the start when there are no rows.
+  bool IsEof() const;
+
+  // Each fails when there are no rows; MoveNext also when already at the end.
+  void MoveFirst();
+  void MoveLast();
+  void MoveNext();
+
+  qint32 RecordCount() const;
+
+  // Moves forward, from the current row on and including it, to the first row that `criterion`
+  // holds for, or to the end. The criterion has the form "Column='text'", a single quote in the
+  // text doubled; texts are compared exactly. Finding many texts in turn takes one pass over the
+  // rows in all.
+  void Find(const QString& criterion);
+
+  // The current row's value in the column `name`, whose case does not count. A NULL reads as 0 or
+  // as the empty text. FieldInteger fails when the value is no 32-bit integer.
+  qint32 FieldInteger(const char* name) const;
+  QString FieldText(const char* name) const;
+
+  // AddNew begins a row, SetField fills it in, Update stores it. The new row is then the record
+  // set's last and current row; a column that Update left to the database reads as the number
+  // that the database gave to this very row. Fails with the lock read-only. When Update fails,
+  // nothing is stored and the record set stands where it stood before AddNew.
+  void AddNew();
+  void SetField(const char* name, FieldValue value);
+  void Update();
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};

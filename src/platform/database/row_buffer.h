@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "odbc_handle.h"
+
+#include <QByteArray>
+#include <QStringView>
+
+#include <string>
+#include <vector>
+
+// The rows of a statement, column by column: numbers side by side, the texts of a column end to end
+// in one UTF-16 string, so that a row costs no allocation of its own. A NULL is 0 or empty.
+class RowBuffer {
+ public:
+  // Takes the columns of the executed `statement` and its rows, in blocks with a place of
+  // `textUnits` UTF-16 units for each text. 0 when that was enough. Otherwise the rows are
+  // incomplete, and the result is the number of units to try next.
+  size_t Read(const OdbcHandle& statement, size_t textUnits);
+
+  size_t RowCount() const { return rowCount_; }
+  size_t ColumnCount() const { return columns_.size(); }
+  const QByteArray& ColumnName(size_t column) const { return columns_[column].name; }
+  bool IsText(size_t column) const { return columns_[column].isText; }
+  // The column called `name`, its case not counting. Raises DatabaseError when there is none.
+  size_t ColumnOf(const char* name) const;
+
+  qint64 Number(size_t column, size_t row) const { return columns_[column].numbers[row]; }
+  QStringView Text(size_t column, size_t row) const {
+    const Column& c = columns_[column];
+    const size_t begin = row == 0 ? 0 : c.ends[row - 1];
+    return QStringView(c.text.data() + begin, static_cast<qsizetype>(c.ends[row] - begin));
+  }
+
+  // A row is appended by one call for each column and one of EndRow.
+  void AppendNumber(size_t column, qint64 number) { columns_[column].numbers.push_back(number); }
+  void AppendText(size_t column, QStringView text);
+  void EndRow() { ++rowCount_; }
+  void SetNumber(size_t column, size_t row, qint64 number) {
+    columns_[column].numbers[row] = number;
+  }
+
+ private:
+  struct Column {
+    QByteArray name;
+    bool isText = false;
+    std::vector<qint64> numbers;
+    std::u16string text;
+    std::vector<size_t> ends;
+  };
+
+  void TakeColumns(const OdbcHandle& statement);
+
+  std::vector<Column> columns_;
+  size_t rowCount_ = 0;
+};

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "data_base_funcs.h"
+
+#include "com_func.h"
+#include "connection.h"
+#include "error.h"
+#include "recordset.h"
+#include "statements.h"
+
+#include <limits>
+
+namespace {
+
+constexpr qint32 kCategory = 1;
+constexpr qint32 kWord = 2;
+
+// One more than the last row's number in `column`, 1 when there are no rows. The rows are ordered
+// by that column.
+qint32 NextNumber(Recordset& rows, const char* column) {
+  if (rows.IsEof()) {
+    return 1;
+  }
+  rows.MoveLast();
+  const qint32 last = rows.FieldInteger(column);
+  if (last == std::numeric_limits<qint32>::max()) {
+    throw Error(QStringLiteral("列“%1”的编号已达到最大值 %2，不能再新建。")
+                    .arg(QLatin1String(column))
+                    .arg(last));
+  }
+  return last + 1;
+}
+
+}  // namespace
+
+bool DataBaseFuncs::AddDict(const QString& SortName, qint32& Position, qint32& TheNewItemID,
+                            QString* RetTheErr) {
+  qint32 newId = 0;
+  QString reason;
+  if (!getGUID_.NewID(connection_, QStringLiteral("GUIDLists"), newId, &reason)) {
+    if (RetTheErr) {
+      *RetTheErr = reason;
+    }
+    return false;
+  }
+
+  auto rows = std::make_unique<Recordset>();
+  rows->Open(Statement::SelectCategoriesByPosition(), connection_, CursorType::kDynamic,
+             LockType::kOptimistic);
+  const qint32 newPosition = NextNumber(*rows, "Position");
+  rows->AddNew();
+  rows->SetField("GID", newId);
+  rows->SetField("SortName", SortName);
+  rows->SetField("Position", newPosition);
+  rows->Update();
+  Position = newPosition;
+  CloseRecordset(rows);
+  TheNewItemID = newId;
+  return true;
+}
+
+bool DataBaseFuncs::AddItem(const QString& NodeName, qint32 DictID, qint32& RetID,
+                            qint32 ParentID) {
+  auto rows = std::make_unique<Recordset>();
+  rows->Open(Statement::SelectWordsByID(DictID), connection_, CursorType::kDynamic,
+             LockType::kOptimistic);
+  RetID = NextNumber(*rows, "ID");
+  rows->AddNew();
+  rows->SetField("SortID", DictID);
+  rows->SetField("FatherID", ParentID);
+  rows->SetField("NodeName", NodeName);
+  rows->SetField("ID", RetID);
+  rows->Update();
+  CloseRecordset(rows);
+  return true;
+}
+
+bool DataBaseFuncs::UpdateItem(const QString& NewName, qint32 Sel, qint32 DictID, qint32 ID) {
+  if (Sel == kCategory) {
+    connection_.Execute(Statement::RenameCategory(NewName, DictID));
+  } else if (Sel == kWord) {
+    connection_.Execute(Statement::RenameWord(NewName, DictID, ID));
+  }
+  return true;
+}
+
+bool DataBaseFuncs::DeleteItem(qint32 Sel, qint32 DictID, qint32 ID) {
+  if (Sel == kCategory) {
+    connection_.Execute(Statement::DeleteCategory(DictID));
+    connection_.Execute(Statement::DeleteWordsOfCategory(DictID));
+  } else if (Sel == kWord) {
+    connection_.Execute(Statement::DeleteWord(DictID, ID));
+  }
+  return true;
+}

@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "frm_main.h"
+
+#include "com_func.h"
+#include "component.h"
+#include "data_base_funcs.h"
+#include "edit_words_funcs.h"
+#include "entry_scheme.h"
+#include "event_guard.h"
+#include "list_view.h"
+#include "message_box.h"
+#include "recordset.h"
+#include "shared_objects.h"
+#include "statements.h"
+#include "tree_view.h"
+#include "word_tree.h"
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+// Whether the database still holds the category, after deleting it failed half-way perhaps.
+bool IsStored(const DictPrpty& category) {
+  Recordset rows;
+  rows.Open(Statement::SelectCategoryNamed(category.NodeName()), TheConn(), CursorType::kStatic,
+            LockType::kUnspecified);
+  for (; !rows.IsEof(); rows.MoveNext()) {
+    if (rows.FieldInteger("GID") == category.DicID()) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void frmMain::mnuEditNewItem_Click() {
+  NewDict();
+}
+
+void frmMain::mnuEditNewWord_Click() {
+  const QString tag = SelectedTag();
+  if (tag == kCategoryTag) {
+    NewWord(1);
+  } else if (tag == kWordTag) {
+    NewWord(2);
+  }
+}
+
+void frmMain::mnuEditDelete_Click() {
+  const QString tag = SelectedTag();
+  if (tag == kCategoryTag) {
+    DeleteNode(1);
+  } else if (tag == kWordTag) {
+    DeleteNode(2);
+  }
+}
+
+void frmMain::mnuEditRename_Click() {
+  tvTreeView->StartLabelEdit();
+}
+
+void frmMain::NewDict() {
+  tvTreeView->CancelLabelEdit();
+  Node* const selectedBefore = tvTreeView->SelectedItem();
+  const QString name = TheEditFuncs().TreeDictNewName();
+  const QString key =
+      TheEditFuncs().AddNode(*tvTreeView, kRootKey, name, kCategoryImage, kCategoryTag, 1);
+  qint32 position = 0;
+  qint32 newItemId = 0;
+  QString reason;
+  bool added = false;
+  try {
+    added = TheDBFuncs().AddDict(name, position, newItemId, &reason);
+  } catch (...) {
+    // The tree shows nothing that the database does not hold.
+    tvTreeView->SetSelectedItem(*selectedBefore);
+    tvTreeView->RemoveNode(key);
+    throw;
+  }
+  if (!added) {
+    if (reason == CannotCreateObjectText()) {
+      MsgBox(this, QStringLiteral("发生致命错误，关闭程序。"));
+    }
+    EndProgram();
+  }
+  TheWordTree().colDictPrptys().Add(newItemId, position, key, name, QString(), key);
+  tvTreeView->StartLabelEdit();
+}
+
+void frmMain::NewWord(qint32 Sel) {
+  tvTreeView->CancelLabelEdit();
+  Node* const parent = tvTreeView->SelectedItem();
+  const QString parentKey = parent->Key();
+  qint32 dicId = 0;
+  qint32 fatherId = 0;
+  if (Sel == 1) {
+    dicId = TheWordTree().colDictPrptys().Item(parentKey).DicID();
+  } else {
+    const TreePrpty& word = TheWordTree().colTreePrptys().Item(parentKey);
+    dicId = word.DicID();
+    fatherId = word.ID();
+  }
+  const QString name = TheEditFuncs().TreeWordNewName(dicId);
+  const QString key = TheEditFuncs().AddNode(*tvTreeView, parentKey, name, kWordImage, kWordTag, 1);
+  qint32 newId = 0;
+  try {
+    TheDBFuncs().AddItem(name, dicId, newId, fatherId);
+  } catch (...) {
+    tvTreeView->SetSelectedItem(*parent);
+    tvTreeView->RemoveNode(key);
+    throw;
+  }
+  TheWordTree().colTreePrptys().Add(dicId, newId, fatherId, name, key, kWordTag, parentKey, key);
+  tvTreeView->StartLabelEdit();
+}
+
+void frmMain::DeleteNode(qint32 Sel) {
+  tvTreeView->CancelLabelEdit();
+  if (MsgBox(this, QStringLiteral("确定要删除选中的内容？"), MsgBoxButtons::kYesNo) ==
+      MsgBoxResult::kNo) {
+    return;
+  }
+  if (SelectedTag() == kAppTitle) return;
+  const Node* selected = tvTreeView->SelectedItem();
+  const QString key = selected->Key();
+  if (Sel == 1) {
+    const auto forget = [this, selected, &key] {
+      TheWordTree().colDictPrptys().Remove(key);
+      if (selected->Children() > 0 && ListShowsBrothers(selected->Child()->Key())) ClearList();
+    };
+    const DictPrpty& category = TheWordTree().colDictPrptys().Item(key);
+    try {
+      TheDBFuncs().DeleteItem(1, category.DicID(), 0);
+    } catch (...) {
+      // The category's row may be gone although its words are not.
+      if (!IsStored(category)) {
+        forget();
+        tvTreeView->RemoveNode(key);
+      }
+      throw;
+    }
+    forget();
+  } else {
+    DeleteWords(key);
+  }
+  tvTreeView->RemoveNode(key);
+  tvTreeView->viewport()->update();
+}
+
+// Deletes the word's row and then those of the words below it, each before its children. The walk
+// keeps its own stack: words nest to any depth. When a row cannot be deleted, the words whose rows
+// are gone go from the tree with all that hung below them, and the error travels on.
+void frmMain::DeleteWords(const QString& NodeKey) {
+  TreePrptys& words = TheWordTree().colTreePrptys();
+  std::vector<const Node*> toDelete = {&tvTreeView->Nodes().Item(NodeKey)};
+  bool deletesRows = true;
+  std::exception_ptr failure;
+  while (!toDelete.empty()) {
+    const Node* node = toDelete.back();
+    toDelete.pop_back();
+    const QString key = node->Key();
+    if (deletesRows) {
+      try {
+        const TreePrpty& word = words.Item(key);
+        TheDBFuncs().DeleteItem(2, word.DicID(), word.ID());
+      } catch (...) {
+        if (key == NodeKey) throw;
+        failure = std::current_exception();
+        deletesRows = false;
+      }
+    }
+    words.Remove(key);
+    if (node->Children() == 0) continue;
+    const Node* firstOfSelected = tvTreeView->SelectedItem()->Child();
+    if (firstOfSelected != nullptr && ListShowsBrothers(firstOfSelected->Key())) ClearList();
+    const size_t firstChild = toDelete.size();
+    for (const Node* child = node->Child(); child != nullptr; child = child->Next()) {
+      toDelete.push_back(child);
+    }
+    std::reverse(toDelete.begin() + static_cast<ptrdiff_t>(firstChild), toDelete.end());
+  }
+  if (failure) {
+    tvTreeView->RemoveNode(NodeKey);
+    std::rethrow_exception(failure);
+  }
+}
+
+bool frmMain::ListShowsBrothers(const QString& NodeKey) const {
+  if (lvListView->Items().Count() == 0) return false;
+  const ListItem& first = lvListView->Items().Item(1);
+  const Node* parent = tvTreeView->Nodes().Item(NodeKey).Parent();
+  if (first.Tag() == kCategoryTag) return parent->Tag() == kAppTitle;
+  return TheWordTree().colListPrptys().Item(first.Key()).FatherKey() == parent->Key();
+}

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "image_list.h"
+#include "layout_arithmetic.h"
+#include "window_placement.h"
+
+#include <QMainWindow>
+
+class BandContainer;
+class ListView;
+class PictureBox;
+class StatusBar;
+class ToolBar;
+class ToolBarButton;
+class TreeView;
+class VerticalLabel;
+class QAction;
+class QMenu;
+
+// The main window: the library as a tree, the children of the selected node as a list, and the
+// commands that maintain it. Its controls carry their names as object names. Each handler is named
+// after the control and the event that it answers; an error that a handler lets out is reported
+// and ends the program. Positions and sizes are in twips.
+class frmMain : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  frmMain();
+  ~frmMain() override;
+
+  // Life cycle. Form_Load prepares the hidden window and loads the library.
+  void Form_Load();
+
+  // Lays out the window's panes, bars and the splitter's grip for the wanted width of the tree
+  // pane. A failing step is skipped.
+  void SizeControls(float TreeWidth);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  // Life cycle.
+  void CheckGUIDGen();
+  void InitForm();
+  void LoadWordLib();
+  void Form_QueryUnload();
+  void Form_Unload();
+
+  // Definition of the window: its controls, menus and bars, and what answers their events.
+  void CreatePanes();
+  void CreateBars();
+  void CreateMenus();
+  QAction* AddItem(QMenu* menu, const char* name, const QString& caption, void (frmMain::*click)());
+  void ConnectEvents();
+
+  // Events of the tree and the list.
+  void tvTreeView_NodeClick();
+  void tvTreeView_MouseDown(int Button);
+  void tvTreeView_MouseUp(int Button);
+  void tvTreeView_BeforeLabelEdit(qint16& Cancel);
+  void tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString);
+  void tvTreeView_GotFocus();
+  void lvListView_MouseMove(float X, float Y);
+  void FillList();
+  void ShowPopMnu(const QPoint& position);
+
+  // Editing commands. Sel is 1 when the selected node is a category, 2 when it is a word.
+  void mnuEditNewItem_Click();
+  void mnuEditNewWord_Click();
+  void mnuEditDelete_Click();
+  void mnuEditRename_Click();
+  void NewDict();
+  void NewWord(qint32 Sel);
+  void DeleteNode(qint32 Sel);
+  void DeleteWords(const QString& NodeKey);
+  bool ListShowsBrothers(const QString& NodeKey) const;
+  void ClearList();
+  QString SelectedTag() const;
+
+  // Bars and menus.
+  void mnuClose_Click();
+  void mnuViewToolbar_Click();
+  void mnuViewStatusBar_Click();
+  void mnuHelpAbout_Click();
+  void tbToolBar_ButtonClick(ToolBarButton& Button);
+
+  // Layout, splitter and the tree pane's caption bar.
+  void Form_Resize();
+  void ApplyLayout();
+  void DrawGrip();
+  void DrawSortBar(PictureBox& ThePic);
+  void DrawSplitterBar(PictureBox& ThePic);
+  void picShowSplitter_MouseDown();
+  void picShowSplitter_MouseMove(float X);
+  void picShowSplitter_MouseUp();
+  void picTreeContain_MouseMove(int Button, float X, float Y);
+  void picTreeContain_MouseDown(int Button, float X, float Y);
+  void picTreeContain_MouseUp(int Button, float X, float Y);
+
+  ImageList imlTreeIcons{16};
+  ImageList imlToolbarIcons{16};
+
+  QWidget* client = nullptr;  // the area below the menu bar
+  PictureBox* picTreeContain = nullptr;
+  TreeView* tvTreeView = nullptr;
+  PictureBox* picListContain = nullptr;
+  ListView* lvListView = nullptr;
+  PictureBox* Image1 = nullptr;
+  VerticalLabel* Label1 = nullptr;
+  PictureBox* picShowSplitter = nullptr;
+  PictureBox* picSplitter = nullptr;
+  BandContainer* cbToolBar = nullptr;
+  ToolBar* tbToolBar = nullptr;
+  PictureBox* picForCBToolBar = nullptr;
+  BandContainer* cbStatusBar = nullptr;
+  StatusBar* sbStatusBar = nullptr;
+
+  QAction* mnuViewToolbar = nullptr;
+  QAction* mnuViewStatusBar = nullptr;
+  QMenu* mnuPopMnu = nullptr;
+  QAction* mnuPopNewItem = nullptr;
+  QAction* mnuPopNewWord = nullptr;
+  QAction* mnuPopSep1 = nullptr;
+  QAction* mnuPopRename = nullptr;
+  QAction* mnuPopSep2 = nullptr;
+  QAction* mnuPopDelete = nullptr;
+
+  WindowPlacement placement_;
+  Layout layout_;
+  bool resizing_ = false;
+
+  // The right button was the last one pressed on the tree: node clicks do not refill the list.
+  bool RightButtonDown = false;
+  // An empty name was refused: the editor opens again when the tree gets the focus.
+  bool EditAgain = false;
+  bool SplitterMoving = false;
+};

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "frm_main.h"
+
+#include "band_container.h"
+#include "list_view.h"
+#include "picture_box.h"
+#include "tree_view.h"
+#include "vertical_label.h"
+
+#include <QEvent>
+
+void frmMain::SizeControls(float TreeWidth) {
+  LayoutInput input;
+  input.width = placement_.Get().width;
+  input.scaleHeight = PixelsToTwips(client->height());
+  input.toolBarVisible = !cbToolBar->isHidden();
+  input.toolBarHeight = cbToolBar->Height();
+  input.statusBarVisible = !cbStatusBar->isHidden();
+  input.statusBarHeight = cbStatusBar->Height();
+  Arrange(layout_, input, TreeWidth);
+  ApplyLayout();
+  DrawSortBar(*picTreeContain);
+  DrawGrip();
+  picShowSplitter->raise();
+}
+
+void frmMain::ApplyLayout() {
+  picTreeContain->setGeometry(layout_.picTreeContain.ToPixels());
+  tvTreeView->setGeometry(layout_.tvTreeView.ToPixels());
+  picListContain->setGeometry(layout_.picListContain.ToPixels());
+  lvListView->setGeometry(layout_.lvListView.ToPixels());
+  lvListView->ColumnHeaders().first().width = layout_.columnWidth;
+  cbToolBar->setGeometry(layout_.cbToolBar.ToPixels());
+  cbStatusBar->setGeometry(layout_.cbStatusBar.ToPixels());
+  Image1->setGeometry(layout_.Image1.ToPixels());
+  Label1->setGeometry(layout_.Label1.ToPixels());
+  picShowSplitter->setGeometry(layout_.picShowSplitter.ToPixels());
+}
+
+void frmMain::Form_Resize() {
+  if (isMinimized()) return;
+  if (placement_.Get().width < 4000) placement_.SetWidth(5000);
+  if (placement_.Get().height < 4000) placement_.SetHeight(5000);
+  SizeControls(layout_.picTreeContain.width);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+  const bool resized = event->type() == QEvent::Resize || event->type() == QEvent::Show;
+  // Setting a size in Form_Resize resizes again; the layout that follows it serves both.
+  if (watched == client && resized && !resizing_) {
+    resizing_ = true;
+    Form_Resize();
+    resizing_ = false;
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange && isVisible()) Form_Resize();
+}
+
+void frmMain::picShowSplitter_MouseDown() {
+  picShowSplitter->hide();
+  picSplitter->setGeometry(TwipsRect{layout_.picShowSplitter.left, layout_.picShowSplitter.top, 72,
+                                     layout_.picShowSplitter.height}
+                               .ToPixels());
+  DrawSplitterBar(*picSplitter);
+  picSplitter->show();
+  picSplitter->raise();
+  SplitterMoving = true;
+}
+
+void frmMain::picShowSplitter_MouseMove(float X) {
+  if (!SplitterMoving) return;
+  const float width = placement_.Get().width;
+  float left = layout_.picShowSplitter.left + X;
+  if (left < 500) {
+    left = 500;
+  } else if (left > width - 500) {
+    left = width - 500;
+  }
+  picSplitter->move(TwipsToPixels(left), picSplitter->y());
+}
+
+void frmMain::picShowSplitter_MouseUp() {
+  SizeControls(PixelsToTwips(picSplitter->x()));
+  picSplitter->hide();
+  picShowSplitter->show();
+  SplitterMoving = false;
+}

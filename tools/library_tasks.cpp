@@ -1,0 +1,286 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "library_tasks.h"
+
+#include "com_func.h"
+#include "connection.h"
+#include "data_base_funcs.h"
+#include "database_error.h"
+#include "progress_bar.h"
+#include "recordset.h"
+#include "statements.h"
+
+#include <QFile>
+#include <QHash>
+#include <QIODevice>
+
+#include <array>
+#include <memory>
+
+namespace {
+
+constexpr std::array kTables{"Dictionary", "Items", "GUIDLists"};
+
+// Rolled back unless committed.
+class Transaction {
+ public:
+  explicit Transaction(Connection& connection) : connection_(connection) {
+    connection_.BeginTransaction();
+  }
+  ~Transaction() {
+    if (!isCommitted_) {
+      try {
+        connection_.RollbackTransaction();
+      } catch (const DatabaseError&) {
+        // The connection is gone, and the transaction with it; what led here is being reported.
+      }
+    }
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  void Commit() {
+    connection_.CommitTransaction();
+    isCommitted_ = true;
+  }
+
+ private:
+  Connection& connection_;
+  bool isCommitted_ = false;
+};
+
+std::unique_ptr<Recordset> OpenToRead(const QString& statement, Connection& connection) {
+  auto rows = std::make_unique<Recordset>();
+  rows->Open(statement, connection, CursorType::kKeyset, LockType::kUnspecified);
+  return rows;
+}
+
+bool TableExists(const char* table, Connection& connection) {
+  try {
+    auto rows = OpenToRead(QStringLiteral("select * from %1 where 1=0").arg(QLatin1String(table)),
+                           connection);
+    CloseRecordset(rows);
+    return true;
+  } catch (const DatabaseError&) {
+    return false;
+  }
+}
+
+void StoreCategory(const OutlineCategory& category, Connection& connection, DataBaseFuncs& funcs,
+                   ProgressBar& progress) {
+  int line = category.line;
+  try {
+    qint32 position = 0;
+    qint32 gid = 0;
+    QString reason;
+    if (!funcs.AddDict(category.name, position, gid, &reason)) {
+      throw Error(reason);
+    }
+    progress.Advance(1);
+    if (category.words.empty()) {
+      return;
+    }
+
+    auto rows = std::make_unique<Recordset>();
+    rows->Open(Statement::SelectWordsByID(gid), connection, CursorType::kDynamic,
+               LockType::kOptimistic);
+    qint32 id = 0;
+    for (const OutlineWord& word : category.words) {
+      line = word.line;
+      rows->AddNew();
+      rows->SetField("SortID", gid);
+      rows->SetField("FatherID", word.parent);
+      rows->SetField("NodeName", word.name);
+      rows->SetField("ID", ++id);
+      rows->Update();
+      progress.Advance(1);
+    }
+    CloseRecordset(rows);
+  } catch (const Error& error) {
+    throw LineError(line, error.Description());
+  }
+}
+
+// The words of one category, linked as the tree has them.
+class WordForest {
+ public:
+  void Add(qint32 id, qint32 fatherId, QString name) {
+    words_.push_back({id, fatherId, std::move(name)});
+  }
+
+  // Appends the lines of all words that hang on the category, and to `lost` the others.
+  void AppendTo(QByteArray& text, qint32 gid, QStringList& lost) {
+    Link();
+    qsizetype depth = 1;
+    for (qsizetype at = firstRoot_; at != kNone;) {
+      Word& word = words_[at];
+      AppendOutlineLine(text, depth, word.name);
+      word.isWritten = true;
+      if (word.firstChild != kNone) {
+        at = word.firstChild;
+        ++depth;
+        continue;
+      }
+      while (at != kNone && words_[at].next == kNone) {
+        at = words_[at].parent;
+        --depth;
+      }
+      at = at == kNone ? kNone : words_[at].next;
+    }
+    for (const Word& word : words_) {
+      if (!word.isWritten) {
+        lost +=
+            QStringLiteral("分类词“%1”（SortID=%2，ID=%3）的上级 FatherID=%4 不在树中，未导出。")
+                .arg(word.name)
+                .arg(gid)
+                .arg(word.id)
+                .arg(word.fatherId);
+      }
+    }
+  }
+
+ private:
+  static constexpr qsizetype kNone = -1;
+
+  struct Word {
+    qint32 id;
+    qint32 fatherId;
+    QString name;
+    qsizetype parent = kNone;
+    qsizetype firstChild = kNone;
+    qsizetype next = kNone;
+    bool isWritten = false;
+  };
+
+  // Hangs every word before the earlier linked ones of its parent, from the last word to the first.
+  void Link() {
+    QHash<qint32, qsizetype> indexOf;
+    indexOf.reserve(static_cast<qsizetype>(words_.size()));
+    for (qsizetype i = static_cast<qsizetype>(words_.size()) - 1; i >= 0; --i) {
+      indexOf.insert(words_[i].id, i);
+    }
+    for (qsizetype i = static_cast<qsizetype>(words_.size()) - 1; i >= 0; --i) {
+      Word& word = words_[i];
+      qsizetype* first = &firstRoot_;
+      if (word.fatherId != 0) {
+        word.parent = indexOf.value(word.fatherId, kNone);
+        if (word.parent == kNone) {
+          continue;
+        }
+        first = &words_[word.parent].firstChild;
+      }
+      word.next = *first;
+      *first = i;
+    }
+  }
+
+  std::vector<Word> words_;
+  qsizetype firstRoot_ = kNone;
+};
+
+void Write(QIODevice& device, const QByteArray& text) {
+  if (device.write(text) != text.size()) {
+    throw Error(QStringLiteral("无法写入：%1").arg(device.errorString()));
+  }
+}
+
+}  // namespace
+
+void CreateTables(Connection& connection) {
+  QFile schema(QStringLiteral(":/schema/%1.sql").arg(connection.EngineName().toLower()));
+  if (!schema.open(QIODevice::ReadOnly)) {
+    throw Error(
+        QStringLiteral("没有为数据库引擎“%1”准备的建表语句。").arg(connection.EngineName()));
+  }
+  for (const char* table : kTables) {
+    if (TableExists(table, connection)) {
+      throw Error(QStringLiteral("表 %1 已经存在，没有建立任何表。").arg(QLatin1String(table)));
+    }
+  }
+
+  Transaction transaction(connection);
+  QString statement;
+  while (!schema.atEnd()) {
+    const QString line = QString::fromUtf8(schema.readLine()).trimmed();
+    if (line.isEmpty() || line.startsWith(QLatin1String("--"))) {
+      continue;
+    }
+    statement += line + QLatin1Char('\n');
+    if (line.endsWith(QLatin1Char(';'))) {
+      statement.chop(2);
+      connection.Execute(statement);
+      statement.clear();
+    }
+  }
+  transaction.Commit();
+}
+
+void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& categories) {
+  Transaction transaction(connection);
+  QHash<QString, int> lineOf;
+  qsizetype total = 0;
+  for (const OutlineCategory& category : categories) {
+    lineOf.insert(category.name, category.line);
+    total += 1 + static_cast<qsizetype>(category.words.size());
+  }
+  auto rows = OpenToRead(Statement::SelectCategories(), connection);
+  for (; !rows->IsEof(); rows->MoveNext()) {
+    const QString name = rows->FieldText("SortName");
+    if (const auto found = lineOf.constFind(name); found != lineOf.constEnd()) {
+      throw LineError(found.value(), QStringLiteral("词句库中已有分类条目“%1”。").arg(name));
+    }
+  }
+  CloseRecordset(rows);
+
+  DataBaseFuncs funcs(connection);
+  ProgressBar progress(QStringLiteral("导入"), total);
+  for (const OutlineCategory& category : categories) {
+    StoreCategory(category, connection, funcs, progress);
+  }
+  transaction.Commit();
+}
+
+QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress) {
+  // One transaction, so that the engines that can give one state of the library do so.
+  Transaction transaction(connection);
+  QStringList lost;
+  auto categories = OpenToRead(Statement::SelectCategories(), connection);
+  std::unique_ptr<ProgressBar> progress;
+  if (showProgress && !categories->IsEof()) {
+    categories->MoveLast();
+    progress = std::make_unique<ProgressBar>(QStringLiteral("导出"), categories->RecordCount());
+    categories->MoveFirst();
+  }
+  for (; !categories->IsEof(); categories->MoveNext()) {
+    const qint32 gid = categories->FieldInteger("GID");
+    QByteArray text;
+    AppendOutlineLine(text, 0, categories->FieldText("SortName"));
+    WordForest words;
+    auto rows = OpenToRead(Statement::SelectWords(gid), connection);
+    for (; !rows->IsEof(); rows->MoveNext()) {
+      words.Add(rows->FieldInteger("ID"), rows->FieldInteger("FatherID"),
+                rows->FieldText("NodeName"));
+    }
+    CloseRecordset(rows);
+    words.AppendTo(text, gid, lost);
+    Write(device, text);
+    if (progress) {
+      progress->Advance(1);
+    }
+  }
+  CloseRecordset(categories);
+
+  auto strays = OpenToRead(
+      QStringLiteral("select * from Items where SortID not in (select GID from Dictionary)"),
+      connection);
+  for (; !strays->IsEof(); strays->MoveNext()) {
+    lost += QStringLiteral("分类词“%1”（SortID=%2，ID=%3）的分类条目不存在，未导出。")
+                .arg(strays->FieldText("NodeName"))
+                .arg(strays->FieldInteger("SortID"))
+                .arg(strays->FieldInteger("ID"));
+  }
+  CloseRecordset(strays);
+  transaction.Commit();
+  return lost;
+}

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "outline.h"
+
+#include <QStringList>
+
+#include <vector>
+
+class Connection;
+class QIODevice;
+
+// Creates the tables of the library in the data source's engine. Raises Error, having created
+// nothing, when one of them exists or the engine is not known.
+void CreateTables(Connection& connection);
+
+// Adds the categories behind those of the library, in one transaction. Raises Error, having added
+// nothing, at the first line that cannot be stored.
+void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& categories);
+
+// Writes the library as it stands in the tree. Returns one message for each word that has no place
+// there and was left out.
+QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress);

@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+// hcwordlib-admin: creates, fills and writes out the library of a data source.
+
+#include "connection.h"
+#include "library_tasks.h"
+#include "outline.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSaveFile>
+
+#include <langinfo.h>
+
+#include <clocale>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+constexpr int kSuccess = 0;
+constexpr int kFailure = 1;
+constexpr int kUsageError = 2;
+
+constexpr char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
+
+建立、导入和导出 ODBC 数据源中的词句库。
+
+命令：
+  init            建立词句库的各表；其中任何一个表已经存在时，什么也不建立
+  import 文件     把大纲文件中的分类条目和分类词加到词句库已有的内容之后；
+                  文件有任何错误时，指出行号，什么也不导入
+  export [文件]   把词句库写成大纲文件；不给出文件时写到标准输出
+
+选项：
+  --dsn 名称      数据源的名称（不给出时为 HCWordLib）
+  --help          显示本说明
+  --version       显示版本
+
+大纲文件是 UTF-8 文本：每个分类条目占一行，不缩进；其下的分类词各占一行，每级缩进
+一个制表符。同一文件中的分类条目不能重名，同一分类条目中的分类词不能重名。
+名称中的下列内容写作转义：
+  \\      反斜杠
+  \n \r   换行、回车
+  \t      制表符
+  \uXXXX  一个 UTF-16 单元（四位十六进制数），用于其他控制字符等；
+          空字符（\u0000）不能导入
+  \e      空名称（单独成为名称）
+
+退出状态：0 成功；1 失败；2 用法错误。
+)";
+
+struct CommandLine {
+  QString dsn = QStringLiteral("HCWordLib");
+  QString command;
+  QString file;  // empty when absent
+  bool wantsHelp = false;
+  bool wantsVersion = false;
+};
+
+class UsageError : public Error {
+ public:
+  using Error::Error;
+};
+
+CommandLine ParseCommandLine(const QStringList& arguments) {
+  CommandLine result;
+  QStringList words;
+  bool optionsEnded = false;
+  for (qsizetype i = 1; i < arguments.size(); ++i) {
+    const QString& argument = arguments[i];
+    const QString assignment = QStringLiteral("--dsn=");
+    if (optionsEnded || !argument.startsWith(QLatin1Char('-'))) {
+      words += argument;
+    } else if (argument == QLatin1String("--")) {
+      optionsEnded = true;
+    } else if (argument == QLatin1String("--help")) {
+      result.wantsHelp = true;
+    } else if (argument == QLatin1String("--version")) {
+      result.wantsVersion = true;
+    } else if (argument == QLatin1String("--dsn") && i + 1 < arguments.size()) {
+      result.dsn = arguments[++i];
+    } else if (argument.startsWith(assignment)) {
+      result.dsn = argument.mid(assignment.size());
+    } else {
+      throw UsageError(QStringLiteral("选项“%1”有误。").arg(argument));
+    }
+  }
+  if (result.wantsHelp || result.wantsVersion) {
+    return result;
+  }
+  for (const QChar character : QStringLiteral("[]{}(),;?*=!@\\")) {
+    if (result.dsn.isEmpty() || result.dsn.contains(character)) {
+      throw UsageError(QStringLiteral("“%1”不是数据源的名称。").arg(result.dsn));
+    }
+  }
+  if (words.isEmpty()) {
+    throw UsageError(QStringLiteral("没有给出命令。"));
+  }
+  result.command = words.takeFirst();
+  const bool isInit = result.command == QLatin1String("init");
+  const bool isImport = result.command == QLatin1String("import");
+  if (!isInit && !isImport && result.command != QLatin1String("export")) {
+    throw UsageError(QStringLiteral("没有命令“%1”。").arg(result.command));
+  }
+  if (words.size() > (isInit ? 0 : 1) || (isImport && words.isEmpty()) ||
+      (!words.isEmpty() && words[0].isEmpty())) {
+    throw UsageError(QStringLiteral("命令“%1”的参数有误。").arg(result.command));
+  }
+  result.file = words.value(0);
+  return result;
+}
+
+void Print(const QString& text, FILE* stream) {
+  std::fputs(text.toUtf8().constData(), stream);
+}
+
+void PrintMessage(const QString& message) {
+  Print(QStringLiteral("hcwordlib-admin: %1\n").arg(message), stderr);
+}
+
+QByteArray ReadFile(const QString& name) {
+  QFile file(name);
+  QByteArray text;
+  if (file.open(QIODevice::ReadOnly)) {
+    text = file.readAll();
+  }
+  if (file.error() != QFileDevice::NoError) {
+    throw Error(QStringLiteral("无法读取文件“%1”：%2").arg(name, file.errorString()));
+  }
+  return text;
+}
+
+void Import(Connection& connection, const QString& fileName) {
+  const std::vector<OutlineCategory> categories = ParseOutline(ReadFile(fileName));
+  connection.Open();
+  ImportLibrary(connection, categories);
+  qsizetype wordCount = 0;
+  for (const OutlineCategory& category : categories) {
+    wordCount += static_cast<qsizetype>(category.words.size());
+  }
+  Print(
+      QStringLiteral("已导入 %1 个分类条目、%2 个分类词。\n").arg(categories.size()).arg(wordCount),
+      stdout);
+}
+
+int Export(Connection& connection, const QString& fileName) {
+  connection.Open();
+  QStringList lost;
+  if (fileName.isEmpty()) {
+    QFile output;
+    if (!output.open(stdout, QIODevice::WriteOnly)) {
+      throw Error(QStringLiteral("无法写标准输出：%1").arg(output.errorString()));
+    }
+    lost = ExportLibrary(connection, output, false);
+    if (!output.flush()) {
+      throw Error(QStringLiteral("无法写标准输出：%1").arg(output.errorString()));
+    }
+  } else {
+    QSaveFile output(fileName);
+    if (!output.open(QIODevice::WriteOnly)) {
+      throw Error(QStringLiteral("无法写文件“%1”：%2").arg(fileName, output.errorString()));
+    }
+    lost = ExportLibrary(connection, output, true);
+    if (!output.commit()) {
+      throw Error(QStringLiteral("无法写文件“%1”：%2").arg(fileName, output.errorString()));
+    }
+  }
+  for (const QString& message : lost) {
+    PrintMessage(message);
+  }
+  return lost.isEmpty() ? kSuccess : kFailure;
+}
+
+int Run(const QStringList& arguments) {
+  const CommandLine commandLine = ParseCommandLine(arguments);
+  if (commandLine.wantsHelp) {
+    std::fputs(kHelp, stdout);
+    return kSuccess;
+  }
+  if (commandLine.wantsVersion) {
+    Print(QStringLiteral("hcwordlib-admin %1\n").arg(QCoreApplication::applicationVersion()),
+          stdout);
+    return kSuccess;
+  }
+  Connection connection;
+  connection.SetConnectionString(QStringLiteral("DSN=") + commandLine.dsn);
+  if (commandLine.command == QLatin1String("init")) {
+    connection.Open();
+    CreateTables(connection);
+  } else if (commandLine.command == QLatin1String("import")) {
+    Import(connection, commandLine.file);
+  } else {
+    return Export(connection, commandLine.file);
+  }
+  return kSuccess;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  // Drivers convert text by the process's encoding, which one of them takes from the environment
+  // again when it is loaded.
+  std::setlocale(LC_CTYPE, "");
+  if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) {
+    qputenv("LC_ALL", "C.UTF-8");
+  }
+  QCoreApplication application(argc, argv);
+  QCoreApplication::setApplicationVersion(QStringLiteral(HCWORDLIB_VERSION));
+  try {
+    return Run(QCoreApplication::arguments());
+  } catch (const UsageError& error) {
+    PrintMessage(error.Description());
+    PrintMessage(QStringLiteral("用 hcwordlib-admin --help 查看用法。"));
+    return kUsageError;
+  } catch (const std::exception& error) {
+    PrintMessage(QString::fromUtf8(error.what()));
+    return kFailure;
+  }
+}
