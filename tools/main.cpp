@@ -11,11 +11,7 @@
 #include <QFile>
 #include <QSaveFile>
 
-#include <langinfo.h>
-
-#include <clocale>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
@@ -200,12 +196,6 @@ int Run(const QStringList& arguments) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  // Drivers convert text by the process's encoding, which one of them takes from the environment
-  // again when it is loaded.
-  std::setlocale(LC_CTYPE, "");
-  if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) {
-    qputenv("LC_ALL", "C.UTF-8");
-  }
   QCoreApplication application(argc, argv);
   QCoreApplication::setApplicationVersion(QStringLiteral(HCWORDLIB_VERSION));
   try {

@@ -53,7 +53,6 @@ bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
     wordTree_.colDictPrptys().Add(gid, position, key, sortName, QString(), key);
     TheTable.MoveNext();
     OpenFastAddWords(TheTree, key, 0, gid);
-    TheTree.SetExpanded(TheTree.Nodes().Item(key), false);
   }
   return true;
 }
@@ -76,7 +75,6 @@ bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, const QString& ParentKe
     if (fatherId == 0 || records.GetFatherKey(DictID, fatherId, parentKey)) {
       const QString key = AddNode(TheTree, parentKey, nodeName, kWordImage, kWordTag, 0);
       records.Add(DictID, id, fatherId, nodeName, key, kWordTag, parentKey, key);
-      TheTree.SetExpanded(TheTree.Nodes().Item(key), false);
     } else {
       skippedWords_.append(SkippedWord{DictID, id, fatherId});
     }

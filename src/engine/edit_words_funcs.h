@@ -30,7 +30,8 @@ class EditWordsFuncs {
                       const QString& ListTag, const QString& TheKey);
 
   // Loads the categories of TheTable, a record set over Dictionary, with their words, in the order
-  // of its rows. False when it has none. TheTable stays open.
+  // of its rows. False when it has none. TheTable stays open. Nodes are collapsed when they are
+  // added, and stay so.
   bool OpenAddNodes(TreeView& TheTree, Recordset& TheTable);
 
   // Loads all words of the category DictID under its node, keyed ParentKey. False when it has

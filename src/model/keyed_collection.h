@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <utility>
 
 // An ordered container of records with at most one key a record, unique in the collection. A
@@ -23,32 +24,29 @@ class KeyedCollection {
 
   // Appends `record`, without a key when `sKey` is empty. Fails when the key is in use.
   Record& Append(Record record, const QString& sKey) {
-    if (!sKey.isEmpty() && index_.Contains(sKey)) {
+    auto entry = std::make_unique<Entry>(Entry{{CompactText(sKey)}, std::move(record), last_});
+    if (!sKey.isEmpty() && !index_.Insert(*entry)) {
       throw Error(QStringLiteral("该关键字已经与该集合的一个元素相关联"));
     }
-    auto* entry = new Entry{{CompactText(sKey)}, std::move(record), last_};
-    (last_ == nullptr ? first_ : last_->next) = entry;
-    last_ = entry;
+    (last_ == nullptr ? first_ : last_->next) = entry.get();
+    last_ = entry.release();
     ++count_;
-    if (!sKey.isEmpty()) index_.Insert(*entry);
-    return entry->record;
+    return last_->record;
   }
 
   // The record stored under the key, or at the position counted from 1. Fails when there is none.
   Record& Item(const QString& vntIndexKey) const { return Find(vntIndexKey).record; }
   Record& Item(qint32 vntIndexKey) const { return Find(vntIndexKey).record; }
 
-  // Removes the record that Item would find and returns it.
+  // Removes the record that Item would find.
   template <class IndexKey>
-  Record Remove(const IndexKey& vntIndexKey) {
+  void Remove(const IndexKey& vntIndexKey) {
     Entry& entry = Find(vntIndexKey);
-    if (!(entry.key == CompactText())) index_.Remove(entry);
+    if (!entry.key.IsEmpty()) index_.Remove(entry);
     (entry.previous == nullptr ? first_ : entry.previous->next) = entry.next;
     (entry.next == nullptr ? last_ : entry.next->previous) = entry.previous;
     --count_;
-    Record record = std::move(entry.record);
     delete &entry;
-    return record;
   }
 
   void Clear() {

@@ -17,9 +17,12 @@ const TreePrpty& TreePrptys::Add(qint32 DicID, qint32 ID, qint32 FatherID, const
   created.SetTag(Tag);
   created.SetFatherKey(FatherKey);
   const TreePrpty& record = records_.Append(std::move(created), sKey);
-  const qsizetype before = byIdentity_.size();
-  byIdentity_.insert(ByIdentity{&record});  // keeps the one that is there
-  if (byIdentity_.size() == before) ++repeated_;
+  const TreePrpty*& first = byIdentity_[Identity{DicID, ID}];
+  if (first == nullptr) {
+    first = &record;
+  } else {
+    ++repeated_;
+  }
   return record;
 }
 
@@ -29,31 +32,29 @@ bool TreePrptys::Rename(const QString& TheKey, const QString& NewName) {
 }
 
 bool TreePrptys::GetFatherKey(qint32 DictID, qint32 ID, QString& FatherKey) const {
-  TreePrpty wanted;
-  wanted.SetDicID(DictID);
-  wanted.SetID(ID);
-  const auto found = byIdentity_.constFind(ByIdentity{&wanted});
-  if (found == byIdentity_.cend()) return false;
-  FatherKey = found->record->NodeKey();
+  const TreePrpty* const record = byIdentity_.value(Identity{DictID, ID});
+  if (record == nullptr) return false;
+  FatherKey = record->NodeKey();
   return true;
 }
 
 template <class IndexKey>
 void TreePrptys::Forget(const TreePrpty& record, const IndexKey& vntIndexKey) {
-  const auto indexed = byIdentity_.constFind(ByIdentity{&record});
-  const bool first = indexed->record == &record;
-  if (first) byIdentity_.erase(indexed);
-  const TreePrpty removed = records_.Remove(vntIndexKey);
+  const Identity identity{record.DicID(), record.ID()};
+  const bool first = byIdentity_.value(identity) == &record;
+  records_.Remove(vntIndexKey);
   if (!first) {
     --repeated_;
-  } else if (repeated_ > 0) {
-    const TreePrpty* next = records_.FindFirst([&removed](const TreePrpty& candidate) {
-      return ByIdentity{&candidate} == ByIdentity{&removed};
-    });
-    if (next != nullptr) {
-      byIdentity_.insert(ByIdentity{next});
-      --repeated_;
-    }
+    return;
+  }
+  byIdentity_.remove(identity);
+  if (repeated_ == 0) return;
+  const TreePrpty* const next = records_.FindFirst([identity](const TreePrpty& candidate) {
+    return Identity{candidate.DicID(), candidate.ID()} == identity;
+  });
+  if (next != nullptr) {
+    byIdentity_.insert(identity, next);
+    --repeated_;
   }
 }
 

@@ -6,7 +6,7 @@
 #include "keyed_collection.h"
 #include "property_records.h"
 
-#include <QSet>
+#include <QHash>
 #include <QString>
 
 // The three collections of records. Every record that the program adds is stored under a key equal
@@ -36,14 +36,14 @@ class TreePrptys {
   qint32 Count() const { return records_.Count(); }
 
  private:
-  // A record found by its category and ID, which do not change while it is in the collection.
-  struct ByIdentity {
-    const TreePrpty* record;
-    friend bool operator==(ByIdentity a, ByIdentity b) noexcept {
-      return a.record->ID() == b.record->ID() && a.record->DicID() == b.record->DicID();
-    }
-    friend size_t qHash(ByIdentity identity, size_t seed = 0) noexcept {
-      return qHashMulti(seed, identity.record->DicID(), identity.record->ID());
+  struct Identity {
+    qint32 dicId;
+    qint32 id;
+    friend bool operator==(Identity, Identity) noexcept = default;
+    // Words numbered in turn get neighbouring values, as they are loaded in turn.
+    friend size_t qHash(Identity identity, size_t seed = 0) noexcept {
+      const auto id = static_cast<quint32>(identity.id);
+      return (qHashMulti(seed, identity.dicId, id >> 4) << 4) | (id & 0xF);
     }
   };
 
@@ -51,8 +51,8 @@ class TreePrptys {
   void Forget(const TreePrpty& record, const IndexKey& vntIndexKey);
 
   KeyedCollection<TreePrpty> records_;
-  // The first record added of each identity.
-  QSet<ByIdentity> byIdentity_;
+  // The first record added of each category and ID.
+  QHash<Identity, const TreePrpty*> byIdentity_;
   // How many records share their identity with an earlier one.
   qint32 repeated_ = 0;
 };

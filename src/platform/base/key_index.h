@@ -24,10 +24,11 @@ class KeyIndex {
     const auto it = refs_.constFind(Ref{&probe});
     return it == refs_.cend() ? nullptr : const_cast<T*>(static_cast<const T*>(it->keyed));
   }
-  bool Contains(QStringView key) const { return Find(key) != nullptr; }
 
-  // `object`'s key must not be in use.
-  void Insert(const T& object) { refs_.insert(Ref{&object}); }
+  // False, and nothing done, when the key is in use.
+  bool Insert(const T& object) {
+    return refs_.insert(Ref{&object})->keyed == &object;  // else the one that was there
+  }
   void Remove(const T& object) { refs_.remove(Ref{&object}); }
   void Clear() { refs_.clear(); }
 

@@ -23,13 +23,15 @@ int EstimatedWidth(const QString& text) {
 ListItems::~ListItems() = default;
 
 ListItem& ListItems::Add(const QString& key, const QString& text, int icon, int smallIcon) {
-  if (index_.Contains(key)) throw Error(QStringLiteral("集合中的关键字不唯一"));
   ListItem& item = items_.emplace_back();
   item.key = CompactText(key);
+  if (!index_.Insert(item)) {
+    items_.pop_back();
+    throw Error(QStringLiteral("集合中的关键字不唯一"));
+  }
   item.text_ = text;
   item.icon_ = static_cast<qint16>(icon);
   item.smallIcon_ = static_cast<qint16>(smallIcon);
-  index_.Insert(item);
   if (Count() == announced_ + 1) QTimer::singleShot(0, this, &ListItems::Announce);
   return item;
 }

@@ -44,6 +44,17 @@ void PictureBox::SetPicture(const QIcon& picture, const QSize& size) {
   update();
 }
 
+// A widget that is really hidden loses the pointer, so one that is pressed is concealed until the
+// button comes up.
+void PictureBox::setVisible(bool visible) {
+  concealed_ = !visible && buttonDown_;
+  if (concealed_) {
+    update();
+  } else {
+    QWidget::setVisible(visible);
+  }
+}
+
 void PictureBox::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   if (border_ == nullptr) return;
@@ -62,6 +73,7 @@ void PictureBox::Line(float x1, float y1, float x2, float y2, OleColor color) {
 }
 
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
+  if (concealed_) return;
   QPainter painter(this);
   painter.fillRect(rect(), ResolveColor(backColor_, palette()));
   const qreal scale = devicePixelRatioF();
@@ -87,6 +99,7 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
   const QPointF p = event->position();
+  buttonDown_ = true;
   Q_EMIT MouseDown(MouseButton(event->button()), ShiftState(event->modifiers()),
                    static_cast<float>(p.x()) * kTwipsPerPixel,
                    static_cast<float>(p.y()) * kTwipsPerPixel);
@@ -101,10 +114,12 @@ void PictureBox::mouseMoveEvent(QMouseEvent* event) {
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
   const QPointF p = event->position();
+  buttonDown_ = event->buttons() != Qt::NoButton;
   Q_EMIT MouseUp(MouseButton(event->button()), ShiftState(event->modifiers()),
                  static_cast<float>(p.x()) * kTwipsPerPixel,
                  static_cast<float>(p.y()) * kTwipsPerPixel);
   if (event->button() == Qt::LeftButton && rect().contains(p.toPoint())) Q_EMIT Click();
+  if (concealed_ && !buttonDown_) setVisible(false);
 }
 
 void PictureBox::leaveEvent(QEvent* event) {

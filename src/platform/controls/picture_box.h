@@ -42,6 +42,7 @@ class PictureBox : public QWidget {
 
  public:
   QSize sizeHint() const override { return pictureSize_; }
+  void setVisible(bool visible) override;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -62,6 +63,8 @@ class PictureBox : public QWidget {
   QList<DrawnLine> lines_;
   OleColor backColor_ = kInactiveBorder;
   int drawWidth_ = 1;
+  bool buttonDown_ = false;
+  bool concealed_ = false;
   QFrame* border_ = nullptr;
   QIcon picture_;
   QSize pictureSize_;

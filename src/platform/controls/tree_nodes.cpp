@@ -19,10 +19,9 @@ Node& TreeNodes::Add(const QString& relative, Relationship /*relationship*/, con
                      const QString& text, int image) {
   Node* parent = relative.isEmpty() ? &top_ : index_.Find(relative);
   if (parent == nullptr) throw Error(QStringLiteral("找不到元素"));
-  if (index_.Contains(key)) throw Error(QStringLiteral("集合中的关键字不唯一"));
-
   std::unique_ptr<Node> node(new Node);
   node->key = CompactText(key);
+  if (!index_.Insert(*node)) throw Error(QStringLiteral("集合中的关键字不唯一"));
   node->parent_ = parent;
   node->text_ = text;
   node->row_ = parent->Children();
@@ -32,7 +31,6 @@ Node& TreeNodes::Add(const QString& relative, Relationship /*relationship*/, con
   }
   beginInsertRows(parent == &top_ ? QModelIndex() : IndexOf(parent), node->row_, node->row_);
   Node& added = *parent->children_->emplace_back(std::move(node));
-  index_.Insert(added);
   endInsertRows();
   return added;
 }

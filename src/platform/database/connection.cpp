@@ -18,6 +18,15 @@ QString Braced(QString value) {
   return u'{' + value.replace(u'}', QLatin1String("}}")) + u'}';
 }
 
+// Drivers convert between the process's encoding and UTF-16. A user's locale may be none that is
+// installed, or not of UTF-8; C.UTF-8 is on every system.
+void UseUtf8() {
+  const auto isUtf8 = [] { return std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0; };
+  if (!isUtf8() && (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr || !isUtf8())) {
+    throw DatabaseError(QStringLiteral("进程的字符编码不是 UTF-8，不能正确读写数据库中的文字。"));
+  }
+}
+
 }  // namespace
 
 void OdbcConnection::RequireOpen() const {
@@ -74,12 +83,7 @@ void Connection::SetConnectionString(const QString& connectionString) {
 
 void Connection::Open(const QString& user, const QString& password) {
   if (IsOpen()) throw DatabaseError(QStringLiteral("对象打开时，不允许操作。"));
-  // Drivers convert between the process's encoding and UTF-16. A user's locale may be one that is
-  // not installed; that every system has is C.UTF-8.
-  const auto isUtf8 = [] { return std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0; };
-  if (!isUtf8() && (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr || !isUtf8())) {
-    throw DatabaseError(QStringLiteral("进程的字符编码不是 UTF-8，不能正确读写数据库中的文字。"));
-  }
+  UseUtf8();
   // An empty UID would override the data source's own with one driver, so it is left out.
   QString text = impl_->connectionString;
   if (!user.isEmpty()) text += QStringLiteral(";UID=") + Braced(user);
@@ -92,6 +96,7 @@ void Connection::Open(const QString& user, const QString& password) {
   OdbcHandle handle(SQL_HANDLE_DBC, &environment);
   handle.Check(SQLDriverConnect(handle.Get(), nullptr, OdbcText(utf8), SQL_NTS, nullptr, 0, nullptr,
                                 SQL_DRIVER_NOPROMPT));
+  UseUtf8();  // a driver may have set the locale from the environment when it was loaded
   impl_->environment = std::move(environment);
   impl_->handle = std::move(handle);
   try {

@@ -55,11 +55,9 @@ void InsertStatement::Bind(const NewRow& values) {
     const QString& text = std::get<QString>(*values[i]);
     const SQLLEN units = text.size();
     lengths_[i] = units * static_cast<SQLLEN>(sizeof(char16_t));
-    handle_.Check(SQLBindParameter(
-        handle_.Get(), place, SQL_PARAM_INPUT, SQL_C_WCHAR,
-        units > kMostUnits ? SQL_WLONGVARCHAR : SQL_WVARCHAR,
-        static_cast<SQLULEN>(std::max<SQLLEN>(units, 1)), 0,
-        const_cast<char16_t*>(text.utf16() ? reinterpret_cast<const char16_t*>(text.utf16()) : u""),
-        lengths_[i], &lengths_[i]));
+    handle_.Check(SQLBindParameter(handle_.Get(), place, SQL_PARAM_INPUT, SQL_C_WCHAR,
+                                   units > kMostUnits ? SQL_WLONGVARCHAR : SQL_WVARCHAR,
+                                   static_cast<SQLULEN>(std::max<SQLLEN>(units, 1)), 0,
+                                   const_cast<ushort*>(text.utf16()), lengths_[i], &lengths_[i]));
   }
 }

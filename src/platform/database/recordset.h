@@ -11,16 +11,18 @@
 
 class Connection;
 
-// Numbers as in the data access library whose record sets these follow: adOpenKeyset, ...
+// How much of what others change an open record set would show. Since its rows are read when it is
+// opened, all types are served alike.
 enum class CursorType { kKeyset = 1, kDynamic = 2, kStatic = 3 };
 enum class LockType { kUnspecified = -1, kReadOnly = 1, kOptimistic = 3 };
 
 // What a field can be set to.
 using FieldValue = std::variant<qint32, QString>;
 
-// The rows of one statement, read when it is opened, with a current row. A record set with an
-// optimistic lock can also store new rows in the table that the statement selects from.
-// All failures are raised as DatabaseError; one that fails to open stays closed.
+// The rows of one statement, read when it is opened, with a current row. No cursor and no lock
+// stays behind in the database. A record set with an optimistic lock can also store new rows in the
+// table that the statement, "select * from T ...", reads. All failures are raised as DatabaseError;
+// one that fails to open stays closed.
 class Recordset {
  public:
   Recordset();
@@ -64,10 +66,11 @@ class Recordset {
   qint32 FieldInteger(const char* name) const;
   QString FieldText(const char* name) const;
 
-  // AddNew begins a row, SetField fills it in, Update stores it. The new row is then the record
-  // set's last and current row; a column that Update left to the database reads as the number
-  // that the database gave to this very row. Fails with the lock read-only. When Update fails,
-  // nothing is stored and the record set stands where it stood before AddNew.
+  // AddNew begins a row, SetField fills it in, Update stores it; in between there is no current
+  // row. The new row is then the record set's last and current row. A number that was not set reads
+  // as the one that the database gave to this very row; it can be asked for until the next change
+  // is made on the same connection. Fails with the lock read-only. When Update fails, nothing is
+  // stored and the record set stands where it stood before AddNew.
   void AddNew();
   void SetField(const char* name, FieldValue value);
   void Update();

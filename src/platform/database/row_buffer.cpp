@@ -12,9 +12,10 @@ namespace {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
 
-// A block should stay in the processor's cache.
-constexpr size_t kBlockUnits = 64 * 512;
-constexpr size_t kMostBlockRows = 64;
+constexpr size_t kBlockRows = 64;
+// Up to here, a column's texts have place for all that the column can hold.
+constexpr size_t kMostColumnUnits = 8192;
+// Up to here, places grow.
 constexpr size_t kMostTextUnits = size_t{1} << 23;
 
 bool IsInteger(SQLSMALLINT type) {
@@ -26,7 +27,7 @@ bool IsInteger(SQLSMALLINT type) {
 struct BlockColumn {
   std::unique_ptr<SQLBIGINT[]> numbers;
   std::unique_ptr<char16_t[]> units;
-  SQLLEN lengths[kMostBlockRows] = {};
+  SQLLEN lengths[kBlockRows] = {};
 };
 
 char Lower(char c) {
@@ -67,20 +68,26 @@ void RowBuffer::TakeColumns(const OdbcHandle& statement) {
   for (SQLSMALLINT i = 0; i < count; ++i) {
     char name[1024] = {};
     SQLSMALLINT type = 0;
+    SQLULEN size = 0;
     statement.Check(SQLDescribeCol(statement.Get(), static_cast<SQLUSMALLINT>(i + 1),
                                    reinterpret_cast<SQLCHAR*>(name), sizeof name, nullptr, &type,
-                                   nullptr, nullptr, nullptr));
+                                   &size, nullptr, nullptr));
     columns_[i].name = name;
     columns_[i].isText = !IsInteger(type);
+    // A character takes up to two units.
+    columns_[i].units = columns_[i].isText ? size * 2 : 0;
   }
 }
 
 size_t RowBuffer::Read(const OdbcHandle& statement, size_t textUnits) {
   TakeColumns(statement);
-  const size_t blockRows = std::clamp<size_t>(kBlockUnits / textUnits, 1, kMostBlockRows);
+  for (const Column& c : columns_) {
+    if (c.units <= kMostColumnUnits) textUnits = std::max(textUnits, c.units + 3);
+  }
+  const size_t blockRows = textUnits <= kMostColumnUnits + 3 ? kBlockRows : 1;
   const SQLHSTMT hstmt = statement.Get();
   SQLULEN rowsFetched = 0;
-  SQLUSMALLINT rowStatus[kMostBlockRows] = {};
+  SQLUSMALLINT rowStatus[kBlockRows] = {};
   statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROW_ARRAY_SIZE, AsOdbcPointer(blockRows), 0));
   statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROWS_FETCHED_PTR, &rowsFetched, 0));
   statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROW_STATUS_PTR, rowStatus, 0));

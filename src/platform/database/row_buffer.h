@@ -15,7 +15,7 @@
 // in one UTF-16 string, so that a row costs no allocation of its own. A NULL is 0 or empty.
 class RowBuffer {
  public:
-  // Takes the columns of the executed `statement` and its rows, in blocks with a place of
+  // Takes the columns of the executed `statement` and its rows, in blocks with a place of at least
   // `textUnits` UTF-16 units for each text. 0 when that was enough. Otherwise the rows are
   // incomplete, and the result is the number of units to try next.
   size_t Read(const OdbcHandle& statement, size_t textUnits);
@@ -46,6 +46,7 @@ class RowBuffer {
   struct Column {
     QByteArray name;
     bool isText = false;
+    size_t units = 0;  // the longest text as far as the driver knows
     std::vector<qint64> numbers;
     std::u16string text;
     std::vector<size_t> ends;

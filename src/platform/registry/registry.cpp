@@ -25,7 +25,7 @@ QString FindSystemInformationProgram() {
   const QList<QByteArray> desktops = qgetenv("XDG_CURRENT_DESKTOP").split(':');
   for (const auto& [name, desktop] : kSystemInformationPrograms) {
     if (desktop && !desktops.contains(desktop)) continue;
-    const QString path = QStandardPaths::findExecutable(QLatin1String(name));
+    QString path = QStandardPaths::findExecutable(QLatin1String(name));
     if (!path.isEmpty()) return path;
   }
   return {};

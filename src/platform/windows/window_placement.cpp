@@ -46,7 +46,7 @@ TwipsRect WindowPlacement::Get() const {
   const QRect actual = window_.windowHandle()->frameGeometry();
   const qreal scale = window_.devicePixelRatio();
   TwipsRect result{wanted_.left, wanted_.top, Settled(wanted_.width, actual.width(), scale),
-                       Settled(wanted_.height, actual.height(), scale)};
+                   Settled(wanted_.height, actual.height(), scale)};
   // Wayland does not tell a window where it stands.
   if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
     result.left = Settled(wanted_.left, actual.x(), scale);
@@ -57,8 +57,8 @@ TwipsRect WindowPlacement::Get() const {
 
 void WindowPlacement::Set(const TwipsRect& geometry) {
   wanted_ = geometry;
-  const QRect place(TwipsToPixels(wanted_.left), TwipsToPixels(wanted_.top), TwipsToPixels(wanted_.width),
-                    TwipsToPixels(wanted_.height));
+  const QRect place(TwipsToPixels(wanted_.left), TwipsToPixels(wanted_.top),
+                    TwipsToPixels(wanted_.width), TwipsToPixels(wanted_.height));
   if (!IsOnAScreen(place)) {
     const QPoint corner = QGuiApplication::primaryScreen()->availableGeometry().topLeft();
     wanted_.left = PixelsToTwips(corner.x());

@@ -158,8 +158,8 @@ bool frmAbout::GetKeyValue(quint32 keyRoot, const QString& keyName, const QStrin
   if (type == kRegSz) {
     keyVal = QString::fromLocal8Bit(text);
   } else if (type == kRegDword) {
-    for (auto byte = text.rbegin(); byte != text.rend(); ++byte) {
-      keyVal += QString::number(static_cast<uchar>(*byte), 16).toUpper();
+    for (qsizetype i = text.size() - 1; i >= 0; --i) {
+      keyVal += QString::number(static_cast<uchar>(text[i]), 16).toUpper();
     }
     keyVal.prepend(QLatin1String("&h"));
   }

@@ -1,0 +1,59 @@
+# SPDX-FileCopyrightText: 2026 The HCWordLib authors
+# SPDX-License-Identifier: MIT
+"""What a person sees when the program cannot start."""
+
+import contextlib
+import shutil
+import sqlite3
+import unittest
+
+import harness
+from harness import wait_until
+
+
+class Failures(harness.WindowTest):
+    def end_with_message(self, process):
+        """Confirms the message box: (its text, the exit status). No other window may be up."""
+        box = self.window_id(harness.BOX_TITLE, process)
+        self.assertEqual(list(self.windows().values()), [harness.BOX_TITLE])
+        text = " ".join(item.get_name() for item in self.items(process, "label"))
+        wait_until(lambda: self.is_active(box), "the message box has the keyboard")
+        self.key("Return")
+        status = self.end(process)
+        wait_until(lambda: not self.windows(), "no window is left")
+        return text, status
+
+    def test_generator_missing(self):
+        alone = self.home / "hcwordlib"
+        shutil.copy(harness.BUILD / "hcwordlib", alone)
+        text, _ = self.end_with_message(self.start(alone))
+        self.assertEqual(text.strip(), "发生致命错误，结束程序。")
+        self.assertEqual(self.stored(), {})
+
+    def test_data_source_missing(self):
+        (self.home / "user.ini").write_text("", encoding="utf-8")
+        text, status = self.end_with_message(self.start())
+        self.assertIn("Data source name not found", text)
+        self.assertGreater(status, 0)
+        self.assertEqual(self.stored(), {})
+
+    def test_library_file_missing(self):
+        self.library.unlink()
+        text, status = self.end_with_message(self.start())
+        self.assertIn("connect failed", text)
+        self.assertGreater(status, 0)
+        self.assertFalse(self.library.exists())
+
+    def test_table_missing(self):
+        for table in ("Items", "Dictionary"):
+            with self.subTest(table=table):
+                with contextlib.closing(sqlite3.connect(self.library)) as library:
+                    library.execute(f"drop table {table}")
+                text, status = self.end_with_message(self.start())
+                self.assertIn(f"no such table: {table}", text)
+                self.assertGreater(status, 0)
+                self.assertEqual(self.stored(), {})
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

@@ -1,0 +1,101 @@
+# SPDX-FileCopyrightText: 2026 The HCWordLib authors
+# SPDX-License-Identifier: MIT
+"""Pictures of the program at work, in light and dark, at 100 and 200 %: FOLDER/<variant>/<name>.png."""
+
+import pathlib
+import sys
+import unittest
+
+import harness
+from harness import wait_until
+
+DARK = """[General]
+widgetStyle=fusion
+[Colors:Window]
+BackgroundNormal=42,46,50
+ForegroundNormal=252,252,252
+[Colors:Button]
+BackgroundNormal=49,54,59
+ForegroundNormal=252,252,252
+[Colors:View]
+BackgroundNormal=27,30,32
+BackgroundAlternate=35,38,41
+ForegroundNormal=252,252,252
+ForegroundLink=29,153,243
+ForegroundVisited=155,89,182
+[Colors:Selection]
+BackgroundNormal=61,174,233
+ForegroundNormal=252,252,252
+[Colors:Tooltip]
+BackgroundNormal=49,54,59
+ForegroundNormal=252,252,252
+"""
+
+
+class Screenshots(harness.WindowTest):
+    outline = (harness.ROOT / "data" / "sample" / "sample.outline").read_text(encoding="utf-8")
+
+    def take(self, variant, scale, dark):
+        folder = pathlib.Path(FOLDER) / variant
+        folder.mkdir(parents=True, exist_ok=True)
+        extra = {"QT_SCALE_FACTOR": str(scale), "LANG": "zh_CN.UTF-8", "LC_CTYPE": "C.UTF-8"}
+        del self.env["LC_ALL"]
+        if dark:
+            (self.home / "XDG_CONFIG_HOME" / "kdeglobals").write_text(DARK, encoding="utf-8")
+            extra |= {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}
+        self.process, window = self.open(**extra)
+        self.move(window, 20 * scale, 20 * scale, 760 * scale, 560 * scale)
+
+        self.click_item(self.item(self.process, "table cell", harness.TITLE))
+        self.key("Right")
+        self.click_item(self.cell("车削"))
+        self.key("Right", "Down", "Right")
+        self.click_item(self.cell("车削"))
+        self.picture(folder / "main-window.png", window)
+
+        self.click_item(self.cell("车削"), button=3, dx=34 * scale)
+        wait_until(lambda: self.items(self.process, "popup menu"), "the pop-up menu")
+        self.picture(folder / "popup.png", window, of_screen=True)
+        self.key("Escape")
+
+        self.key("F2")
+        self.picture(folder / "editing.png", window)
+        self.key("Escape")
+
+        self.key("alt+h", "Return")
+        about = self.window_id("关于 HCWordLib")
+        self.picture(folder / "about.png", about)
+        self.key("Escape")
+        self.assertEqual(self.close(self.process, window), 0)
+
+    def cell(self, name):
+        return self.item(self.process, "table cell", name)
+
+    def picture(self, file, window, of_screen=False):
+        """Waits until the window stands still, and writes its picture."""
+        if not of_screen:
+            harness.run("xdotool", "mousemove", 1599, 1199)  # nothing is under the pointer
+        def take():
+            self.screenshot(file, None if of_screen else window)
+            if of_screen:
+                x, y, width, height = self.geometry(window)
+                harness.run("mogrify", "-crop", f"{width}x{height}+{x}+{y}", "+repage", file)
+            return harness.run("identify", "-format", "%#", file)  # tells pictures apart by their pixels
+        wait_until(lambda: take() == take(), f"{file.name} stands still")
+
+    def test_light_100(self):
+        self.take("light-100", 1, False)
+
+    def test_light_200(self):
+        self.take("light-200", 2, False)
+
+    def test_dark_100(self):
+        self.take("dark-100", 1, True)
+
+    def test_dark_200(self):
+        self.take("dark-200", 2, True)
+
+
+if __name__ == "__main__":
+    FOLDER = sys.argv.pop(1)
+    unittest.main()

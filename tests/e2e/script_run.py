@@ -1,0 +1,68 @@
+# SPDX-FileCopyrightText: 2026 The HCWordLib authors
+# SPDX-License-Identifier: MIT
+"""script/run on a machine without a display: the library that it makes, and those that it leaves alone."""
+
+import contextlib
+import sqlite3
+import subprocess
+import unittest
+
+import harness
+
+
+@unittest.skipUnless(harness.BUILD == harness.ROOT / "build" / "release", "script/run starts the release build")
+class ScriptRun(harness.WindowTest):
+    def make_library(self):
+        self.library = self.home / "XDG_DATA_HOME" / "hcwordlib" / "library.sqlite"
+        self.source = self.home / "user.ini"
+        self.picture = self.home / "window.png"
+        self.env.pop("DISPLAY")
+
+    def run_script(self, **extra):
+        return subprocess.run([harness.ROOT / "script" / "run", "--screenshot", self.picture],
+                              env={**self.env, **extra}, cwd=self.home, check=False, text=True, timeout=300,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+
+    def test_library_is_made_once(self):
+        done = self.run_script()
+        self.assertEqual(done.returncode, 0, done.stdout)
+        size = harness.run("identify", "-format", "%wx%h", self.picture)
+        self.assertEqual(size, "433x433")
+        self.assertGreater(self.rows("select count(*) from Items")[0][0], 800)
+        source = self.source.read_text(encoding="utf-8")
+        for option in ("NoCreat=1", "JournalMode=WAL", "SyncPragma=FULL", "Timeout=10000", f"Database={self.library}"):
+            self.assertIn(option + "\n", source)
+
+        with contextlib.closing(sqlite3.connect(self.library)) as library:
+            library.execute("delete from Items")
+            library.commit()
+        done = self.run_script()
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertEqual(self.rows("select count(*) from Items"), [(0,)])
+        self.assertEqual(self.source.read_text(encoding="utf-8"), source)
+
+        # Without its data source a library is taken up again as it is.
+        self.source.unlink()
+        done = self.run_script()
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertEqual(self.rows("select count(*) from Items"), [(0,)])
+
+    def test_broken_data_source_is_left_alone(self):
+        text = "[HCWordLib]\nDriver=SQLite3\nDatabase=/nowhere/library.sqlite\nNoCreat=1\n"
+        self.source.write_text(text, encoding="utf-8")
+        done = self.run_script()
+        self.assertGreater(done.returncode, 0, done.stdout)
+        self.assertTrue(self.picture.exists(), "the message was shown")
+        self.assertEqual(self.source.read_text(encoding="utf-8"), text)
+        self.assertFalse(self.library.exists())
+
+    def test_nothing_half_made_stays(self):
+        (self.home / "folder").mkdir()
+        done = self.run_script(ODBCINI=str(self.home / "folder"))  # nobody can write a data source there
+        self.assertGreater(done.returncode, 0, done.stdout)
+        self.assertIn("nothing of it is left", done.stdout)
+        self.assertEqual(list(self.library.parent.iterdir()), [])
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

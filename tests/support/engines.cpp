@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "engines.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace {
+
+// The test databases belong to one process at a time, the one that has odbc.ini locked.
+void LockEngines() {
+  static const int kLock = [] {
+    const QByteArray file = qgetenv("ODBCINI");
+    const int descriptor = open(file.constData(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0 || flock(descriptor, LOCK_EX) != 0) {
+      throw std::runtime_error("ODBCINI names no file that can be locked: " + file.toStdString());
+    }
+    return descriptor;
+  }();
+  static_cast<void>(kLock);
+}
+
+}  // namespace
+
+QString ConnectionStringOf(const Engine& engine) {
+  const QString source = qEnvironmentVariable(engine.variable);
+  return source.isEmpty() ? QString() : QStringLiteral("DSN=") + source;
+}
+
+QStringList SchemaOf(const Engine& engine) {
+  QFile file(QStringLiteral(SCHEMA_FOLDER "/%1.sql").arg(QLatin1String(engine.name)));
+  if (!file.open(QIODevice::ReadOnly)) {
+    throw std::runtime_error("missing schema: " + file.fileName().toStdString());
+  }
+  static const QRegularExpression kComment(QStringLiteral("^--.*$"),
+                                           QRegularExpression::MultilineOption);
+  const QString text = QString::fromUtf8(file.readAll()).remove(kComment);
+  QStringList statements;
+  for (const QString& statement : text.split(QStringLiteral(";\n"))) {
+    if (!statement.trimmed().isEmpty()) statements += statement.trimmed();
+  }
+  return statements;
+}
+
+void MakeEmptyLibrary(const Engine& engine, Connection& connection) {
+  LockEngines();
+  for (const char* table : {"Dictionary", "Items", "GUIDLists"}) {
+    connection.Execute(QStringLiteral("drop table if exists ") + QLatin1String(table));
+  }
+  for (const QString& statement : SchemaOf(engine)) connection.Execute(statement);
+}
+
+void EngineTest::SetUp() {
+  const QString connectionString = ConnectionStringOf(GetParam());
+  if (connectionString.isEmpty()) GTEST_SKIP() << GetParam().variable << " is not set";
+  connection_.SetConnectionString(connectionString);
+  connection_.Open();
+  MakeEmptyLibrary(GetParam(), connection_);
+}
