@@ -372,40 +372,40 @@ void TreeView::focusOutEvent(QFocusEvent* event) {
 
 void TreeView::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const {
   const Node* node = nodes_.NodeAt(index);
-  QColor line = palette().color(QPalette::Text);
-  line.setAlpha(90);
-  painter->save();
-  painter->fillRect(rect, palette().color(QPalette::Base));  // the style has highlighted the row
-  painter->setPen(QPen(line, 1));
-  painter->setRenderHint(QPainter::Antialiasing, false);
-  // From the node's own cell leftwards to the outermost ancestor's.
+  const QColor text = palette().color(QPalette::Text);
+  const QColor base = palette().color(QPalette::Base);
+  const auto mixed = [&](qreal share) {
+    return QColor::fromRgbF(float(base.redF() + (text.redF() - base.redF()) * share),
+                            float(base.greenF() + (text.greenF() - base.greenF()) * share),
+                            float(base.blueF() + (text.blueF() - base.blueF()) * share));
+  };
+  const QColor line = mixed(0.35);
+  painter->fillRect(rect, base);  // the style has highlighted the row
+  const int middle = rect.top() + rect.height() / 2;
   const bool rootLines = rootIsDecorated();
+  // From the node's own cell leftwards to the outermost ancestor's.
   int x = rect.right() + 1 - indentation() / 2;
-  const int middle = rect.center().y();
   for (const Node* level = node; level != nullptr; level = level->Parent()) {
     if (level->Parent() == nullptr && !rootLines) break;
     const bool first = level->Parent() == nullptr && level->Previous() == nullptr;
     const bool more = level->Next() != nullptr;
     if (level == node) {
-      painter->drawLine(x, first ? middle : rect.top(), x, more ? rect.bottom() : middle);
-      painter->drawLine(x, middle, rect.right(), middle);
+      const int top = first ? middle : rect.top();
+      const int end = more ? rect.bottom() + 1 : middle + 1;
+      painter->fillRect(x, top, 1, end - top, line);
+      painter->fillRect(x, middle, rect.right() + 1 - x, 1, line);
     } else if (more) {
-      painter->drawLine(x, rect.top(), x, rect.bottom());
+      painter->fillRect(x, rect.top(), 1, rect.height(), line);
     }
     x -= indentation();
   }
-  if (node->Children() > 0 && (rootLines || node->Parent() != nullptr)) {
-    const int boxX = rect.right() + 1 - indentation() / 2 - kBoxSize / 2;
-    const int boxY = middle - kBoxSize / 2;
-    line.setAlpha(150);
-    painter->setPen(QPen(line, 1));
-    painter->setBrush(palette().color(QPalette::Base));
-    painter->drawRect(boxX, boxY, kBoxSize - 1, kBoxSize - 1);
-    painter->setPen(QPen(palette().color(QPalette::Text), 1));
-    painter->drawLine(boxX + 2, middle, boxX + kBoxSize - 3, middle);
-    if (!Expanded(*node)) {
-      painter->drawLine(boxX + kBoxSize / 2, boxY + 2, boxX + kBoxSize / 2, boxY + kBoxSize - 3);
-    }
+  if (node->Children() == 0 || (!rootLines && node->Parent() == nullptr)) return;
+  const QRect box(rect.right() + 1 - indentation() / 2 - kBoxSize / 2, middle - kBoxSize / 2,
+                  kBoxSize, kBoxSize);
+  painter->fillRect(box, mixed(0.55));
+  painter->fillRect(box.adjusted(1, 1, -1, -1), base);
+  painter->fillRect(box.left() + 2, middle, kBoxSize - 4, 1, text);
+  if (!Expanded(*node)) {
+    painter->fillRect(box.left() + kBoxSize / 2, box.top() + 2, 1, kBoxSize - 4, text);
   }
-  painter->restore();
 }
