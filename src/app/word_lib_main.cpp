@@ -27,6 +27,10 @@ int Main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("hcwordlib"));
   QApplication::setDesktopFileName(QStringLiteral("hcwordlib"));
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/hcwordlib.svg")));
+  // Chinese looks the same whatever the user's locale prefers for it.
+  QFont font = QApplication::font();
+  font.setFamilies({font.family(), QStringLiteral("Noto Sans CJK SC")});
+  QApplication::setFont(font);
   // Qt's own texts: the context menu of an editor, the buttons of its dialogs.
   QTranslator translator;
   if (translator.load(QLocale(QLocale::Chinese, QLocale::China), QStringLiteral("qtbase"),

@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QLocale>
 #include <QPainter>
+#include <QRegularExpression>
 
 namespace {
 
@@ -43,6 +44,12 @@ class Panel : public QLabel {
   }
 };
 
+// The short time format without the seconds that some locales have in it.
+QString MinuteFormat(const QLocale& locale) {
+  static const QRegularExpression kSeconds(QStringLiteral("[:.]?ss?"));
+  return locale.timeFormat(QLocale::ShortFormat).remove(kSeconds);
+}
+
 }  // namespace
 
 StatusBar::StatusBar(QWidget* parent) : QWidget(parent) {
@@ -53,7 +60,7 @@ StatusBar::StatusBar(QWidget* parent) : QWidget(parent) {
   for (int i = 0; i < 3; ++i) {
     panels_[i] = new Panel(this);
     panels_[i]->setObjectName(QStringLiteral("panel%1").arg(i + 1));
-    panels_[i]->setAccessibleName(QString::fromUtf8(names[i]));
+    panels_[i]->setAccessibleDescription(QString::fromUtf8(names[i]));
     row->addWidget(panels_[i], i == 0 ? 1 : 0);
   }
   panels_[0]->setText(QStringLiteral("状态"));
@@ -68,7 +75,7 @@ void StatusBar::ShowNow() {
   const QDateTime now = QDateTime::currentDateTime();
   const QLocale locale = QLocale::system();
   panels_[1]->setText(locale.toString(now.date(), QLocale::ShortFormat));
-  panels_[2]->setText(locale.toString(now.time(), QLocale::ShortFormat));
+  panels_[2]->setText(locale.toString(now.time(), MinuteFormat(locale)));
   const QTime time = now.time();
   clock_.start(60'000 - time.second() * 1000 - time.msec() + 50);
 }
