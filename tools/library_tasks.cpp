@@ -242,7 +242,7 @@ void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& c
 }
 
 QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress) {
-  // One transaction, so that the engines that can give one state of the library do so.
+  // One transaction: engines that isolate it so show one state of the library throughout.
   Transaction transaction(connection);
   QStringList lost;
   auto categories = OpenToRead(Statement::SelectCategories(), connection);

@@ -20,6 +20,6 @@ void CreateTables(Connection& connection);
 // nothing, at the first line that cannot be stored.
 void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& categories);
 
-// Writes the library as it stands in the tree. Returns one message for each word that has no place
-// there and was left out.
+// Writes every word that hangs on its category, whatever the order of the IDs. Returns one message
+// for each word that does not and was left out.
 QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress);

@@ -100,12 +100,13 @@ void frmMain::LoadWordLib() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
+  event->accept();
+  if (!isVisible()) return;  // asked to close twice
   Guarded([this] {
     tvTreeView->CancelLabelEdit();
     Form_QueryUnload();
     Form_Unload();
   })();
-  event->accept();
 }
 
 void frmMain::Form_QueryUnload() {

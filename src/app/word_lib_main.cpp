@@ -15,11 +15,12 @@
 #include <QTranslator>
 
 #include <memory>
+#include <optional>
 
 int Main(int argc, char** argv) {
-  SingleInstance instance("HCWordLib");
-  if (instance.PrevInstance()) {
-    instance.HandOver();
+  std::optional<SingleInstance> instance("HCWordLib");
+  if (instance->PrevInstance()) {
+    instance->HandOver();
     return 0;
   }
 
@@ -44,12 +45,14 @@ int Main(int argc, char** argv) {
     window->Form_Load();
     window->show();
   })();
-  instance.Serve([](const ActivationToken& token) {
+  instance->Serve([](const ActivationToken& token) {
     QWidget* running = FindWindowByCaption(kAppTitle);
     if (running == nullptr) return;
     RestoreWindow(*running);
     SetForegroundWindow(*running, token);
     BringWindowToTop(*running);
   });
-  return QApplication::exec();
+  const int status = QApplication::exec();
+  instance.reset();  // the next start need not wait for a large tree to be taken apart
+  return status;
 }

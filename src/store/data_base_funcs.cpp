@@ -5,6 +5,7 @@
 
 #include "com_func.h"
 #include "connection.h"
+#include "database_error.h"
 #include "error.h"
 #include "recordset.h"
 #include "statements.h"
@@ -71,7 +72,15 @@ bool DataBaseFuncs::AddItem(const QString& NodeName, qint32 DictID, qint32& RetI
   rows->SetField("FatherID", ParentID);
   rows->SetField("NodeName", NodeName);
   rows->SetField("ID", RetID);
-  rows->Update();
+  try {
+    rows->Update();
+  } catch (const DatabaseError& error) {
+    if (!error.IsDuplicateKey()) throw;
+    throw DatabaseError(
+        QStringLiteral("另一个用户刚刚在同一分类条目中加了词，新词没有保存，请重试。\n") +
+            error.Description(),
+        error.SqlState(), error.NativeCode());
+  }
   CloseRecordset(rows);
   return true;
 }

@@ -25,6 +25,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("HCWORDLIB_BUILD", ROOT / "build" / "release"))
 TITLE = "衡川词句库"
 BOX_TITLE = "HCWordLib"
+LABEL = 34  # pixels from a tree item's left edge into its label
 PATIENCE = 60  # seconds; a failing test waits this long, a passing one never
 
 _libc = ctypes.CDLL(None)
@@ -63,7 +64,7 @@ class Desktop:
         self.servers = []
         for name in [n for n in os.environ if n.startswith("QT_")]:
             del os.environ[name]
-        for name in ("WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "ODBCSYSINI"):
+        for name in ("WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP"):
             os.environ.pop(name, None)
         for name in ("HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"):
             (self.folder / name).mkdir(mode=0o700)
@@ -186,6 +187,7 @@ class WindowTest(unittest.TestCase):
         """Starts the program, with further environment variables; waits for nothing."""
         process = self.desktop.spawn(str(program), env={**self.env, **extra}, cwd=self.home, log=self.log)
         self.programs.append(process)
+        self.scale = float(extra.get("QT_SCALE_FACTOR", 1))
         return process
 
     def open(self, **extra):
@@ -283,16 +285,24 @@ class WindowTest(unittest.TestCase):
 
     def click_item(self, item, button=1, count=1, dx=None):
         """Clicks into the middle of a control or item found on the accessibility bus, or dx pixels from
-        its left edge."""
+        its left edge: the tree answers only where a label is, LABEL. All in unscaled pixels."""
         from gi.repository import Atspi
         box = item.get_extents(Atspi.CoordType.SCREEN)
-        self.click(box.x + (box.width // 2 if dx is None else dx), box.y + box.height // 2, button, count)
+        x, y = box.x + (box.width / 2 if dx is None else dx), box.y + box.height / 2
+        self.click(round(x * self.scale), round(y * self.scale), button, count)
 
     def key(self, *keys):
         run("xdotool", "key", "--clearmodifiers", *keys)
 
     def type(self, text):
         run("xdotool", "type", "--delay", 30, "--", text)
+
+    def wait_for_menu(self, process):
+        """Waits until a menu is open: a window that no window manager knows."""
+        def look():
+            shown = run("xdotool", "search", "--onlyvisible", "--pid", process.pid, check=False).split()
+            return len(shown) > len(self.windows())
+        wait_until(look, "a menu is open")
 
     # What assistive tools see
 

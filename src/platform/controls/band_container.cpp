@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 
@@ -18,17 +19,25 @@ constexpr int kGripWidth = 9;
 BandContainer::BandContainer(float above, float below, QWidget* parent)
     : QWidget(parent), above_(above), below_(below) {}
 
-void BandContainer::AddBand(QWidget* child, float minHeight, float width, bool fixedSize) {
-  child->setParent(this);
-  child->installEventFilter(this);
-  bands_.append(Band{child, minHeight, width, fixedSize, QRect()});
+void BandContainer::AddResizableBand(QWidget* child, float minHeight) {
+  AddBand(Band{child, minHeight, 0, false, QRect()});
+}
+
+void BandContainer::AddFixedBand(QWidget* child, float minHeight, float width) {
+  AddBand(Band{child, minHeight, width, true, QRect()});
+}
+
+void BandContainer::AddBand(const Band& band) {
+  band.child->setParent(this);
+  band.child->installEventFilter(this);
+  bands_.append(band);
   Rearrange();
 }
 
 void BandContainer::AddCaptionBand(const QString& caption, float minHeight, float width) {
   auto* label = new QLabel(caption, this);
   label->setAlignment(Qt::AlignCenter);
-  AddBand(label, minHeight, width, true);
+  AddFixedBand(label, minHeight, width);
 }
 
 void BandContainer::SetBandWidth(int band, float width) {
@@ -58,7 +67,11 @@ void BandContainer::PlaceBands() {
     const int wanted = qMax(TwipsToPixels(band.width), band.child->minimumSizeHint().width());
     const int left = band.fixedSize ? qMax(0, right - wanted) : 0;
     band.rect = QRect(left, top, right - left, rowHeight);
-    band.child->setGeometry(band.fixedSize ? band.rect : band.rect.adjusted(kGripWidth, 0, 0, 0));
+    QRect place = band.fixedSize ? band.rect : band.rect.adjusted(kGripWidth, 0, 0, 0);
+    // A picture keeps its own size.
+    const QSize size = place.size().boundedTo(band.child->maximumSize());
+    place = QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, place);
+    band.child->setGeometry(place);
     right = left;
   }
   update();

@@ -18,7 +18,8 @@ class BandContainer : public QWidget {
   BandContainer(float above, float below, QWidget* parent = nullptr);
 
   // The container becomes the parent of `child`.
-  void AddBand(QWidget* child, float minHeight, float width, bool fixedSize);
+  void AddResizableBand(QWidget* child, float minHeight);
+  void AddFixedBand(QWidget* child, float minHeight, float width);
   void AddCaptionBand(const QString& caption, float minHeight, float width);
   // `band` counts from 1.
   void SetBandWidth(int band, float width);
@@ -44,6 +45,7 @@ class BandContainer : public QWidget {
     QRect rect;
   };
 
+  void AddBand(const Band& band);
   void Rearrange();
   void PlaceBands();
 

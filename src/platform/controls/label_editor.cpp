@@ -10,8 +10,11 @@
 #include <QStyle>
 #include <QStyleOptionFrame>
 
-LabelEditor::LabelEditor(const QString& text, QWidget* parent) : QLineEdit(text, parent) {
+LabelEditor::LabelEditor(const QString& text, QWidget* parent)
+    : QLineEdit(parent), initialText_(text.left(kMaxLength)) {
+  if (text.size() > kMaxLength && initialText_.back().isHighSurrogate()) initialText_.chop(1);
   setMaxLength(kMaxLength);
+  setText(initialText_);
   setAccessibleName(QStringLiteral("名称"));
   connect(this, &QLineEdit::textEdited, this, &LabelEditor::Sanitize);
 }

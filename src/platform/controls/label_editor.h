@@ -17,7 +17,11 @@ class LabelEditor : public QLineEdit {
   // The longest text that it takes, in UTF-16 units, as in a native tree.
   static constexpr int kMaxLength = 255;
 
+  // Of a longer text it takes the first characters.
   LabelEditor(const QString& text, QWidget* parent);
+
+  // Whether the text is another than that with which the editor opened.
+  bool IsChanged() const { return text() != initialText_; }
 
   // The width that shows the whole text, in pixels.
   int WantedWidth() const;
@@ -36,6 +40,7 @@ class LabelEditor : public QLineEdit {
   void Sanitize();
   void TakeOverPreedit();
 
+  QString initialText_;
   QString preedit_;
   bool ended_ = false;
 };

@@ -32,15 +32,24 @@ void PictureBox::SetBorder() {
   border_ = new QFrame(this);
   border_->setFrameStyle(QFrame::Box | QFrame::Plain);
   border_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  ColorBorder();
+}
+
+void PictureBox::ColorBorder() {
   QPalette colors = palette();
   colors.setColor(QPalette::WindowText, ResolveColor(kApplicationWorkspace, palette()));
   border_->setPalette(colors);
 }
 
+void PictureBox::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && border_ != nullptr) ColorBorder();
+}
+
 void PictureBox::SetPicture(const QIcon& picture, const QSize& size) {
   picture_ = picture;
   pictureSize_ = size;
-  resize(size);
+  setFixedSize(size);
   update();
 }
 

@@ -45,6 +45,7 @@ class PictureBox : public QWidget {
   void setVisible(bool visible) override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -53,6 +54,8 @@ class PictureBox : public QWidget {
   void leaveEvent(QEvent* event) override;
 
  private:
+  void ColorBorder();
+
   struct DrawnLine {
     QPointF from;
     QPointF to;

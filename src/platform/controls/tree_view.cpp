@@ -23,6 +23,7 @@ namespace {
 
 constexpr int kLeastIndentation = 20;
 constexpr int kBoxSize = 9;
+constexpr int kLeastEditorWidth = 60;
 
 }  // namespace
 
@@ -45,7 +46,10 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), delegate_(new TreeItemD
     if (node != nullptr && node == SelectedItem() && hasFocus()) StartLabelEdit();
   });
   connect(this, &QTreeView::expanded, this, [this] { FitColumn(true); });
-  connect(this, &QTreeView::collapsed, this, [this] { FitColumn(true); });
+  connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
+    FitColumn(true);
+    SelectCollapsed(index);
+  });
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
     FitColumn(false);
     PlaceEditor();
@@ -178,7 +182,7 @@ void TreeView::CloseEditor() {
 void TreeView::EndLabelEdit(LabelEditor::Ending ending) {
   const QString text = editor_->text();
   const QString key = editedKey_;
-  const bool changed = text != nodes_.Item(key).Text();
+  const bool changed = editor_->IsChanged();
   CloseEditor();
   if (ending == LabelEditor::Ending::kEscape) return;
   if (ending == LabelEditor::Ending::kLeft && !changed) return;
@@ -198,7 +202,8 @@ void TreeView::PlaceEditor() {
   const QRect label = LabelRect(*node);
   const int height = qMax(label.height(), editor_->sizeHint().height() - 2);
   const int room = viewport()->width() - label.left() - 1;
-  const int width = qMin(qMax(editor_->WantedWidth(), 60), qMax(room, 60));
+  const int width =
+      qMin(qMax(editor_->WantedWidth(), kLeastEditorWidth), qMax(room, kLeastEditorWidth));
   editor_->setGeometry(label.left() - 2, label.center().y() - height / 2, width, height);
 }
 
@@ -225,6 +230,23 @@ void TreeView::FitColumn(bool rowsChanged) {
   widest_ = rowsChanged ? inSight : qMax(widest_, inSight);
   const int width = qMax(viewport()->width(), widest_);
   if (width != columnWidth(0)) setColumnWidth(0, width);
+}
+
+// The view itself would go back to the column's left edge. This goes sideways only as far as the
+// node needs: to its picture, and to as much of its label as a small editor covers.
+void TreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  QScrollBar* const bar = horizontalScrollBar();
+  const int before = bar->value();
+  QTreeView::scrollTo(index, hint);
+  const Node* const node = nodes_.NodeAt(index);
+  if (node == nullptr) return;
+  FitColumn(false);
+  QTreeView::updateGeometries();
+  bar->setValue(before);
+  const int right = LabelRect(*node).left() + kLeastEditorWidth;
+  if (right > viewport()->width()) bar->setValue(bar->value() + right - viewport()->width());
+  const int left = ItemRect(*node).left();
+  if (left < 0) bar->setValue(bar->value() + left);
 }
 
 void TreeView::updateGeometries() {
@@ -330,6 +352,15 @@ void TreeView::SelectByKeyboard(Action action) {
   if (after != nullptr && after != before) Q_EMIT NodeClick(after);
 }
 
+void TreeView::SelectCollapsed(const QModelIndex& collapsed) {
+  Node* const node = nodes_.NodeAt(collapsed);
+  const Node* above = SelectedItem();
+  while (above != nullptr && above != node) above = above->Parent();
+  if (above == nullptr || node == SelectedItem()) return;
+  SetSelectedItem(*node);
+  Q_EMIT NodeClick(node);
+}
+
 void TreeView::keyPressEvent(QKeyEvent* event) {
   editTimer_.stop();
   clickedLabel_ = nullptr;
@@ -352,12 +383,17 @@ void TreeView::inputMethodEvent(QInputMethodEvent* event) {
 
 void TreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTreeView::currentChanged(current, previous);
-  setAttribute(Qt::WA_InputMethodEnabled,
-               current.isValid());  // the view allows it for editing only
+  AllowInputMethod();
+}
+
+// The view itself allows it for editing only, and takes it back with every focus.
+void TreeView::AllowInputMethod() {
+  setAttribute(Qt::WA_InputMethodEnabled, currentIndex().isValid());
 }
 
 void TreeView::focusInEvent(QFocusEvent* event) {
   QTreeView::focusInEvent(event);
+  AllowInputMethod();
   focusCameWithPress_ = event->reason() == Qt::MouseFocusReason;
   if (event->reason() != Qt::PopupFocusReason) Q_EMIT GotFocus();
 }
@@ -371,7 +407,8 @@ void TreeView::focusOutEvent(QFocusEvent* event) {
 // ---- painting
 
 void TreeView::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const {
-  const Node* node = nodes_.NodeAt(index);
+  const Node* const node = nodes_.NodeAt(index);
+  if (node == nullptr) return;
   const QColor text = palette().color(QPalette::Text);
   const QColor base = palette().color(QPalette::Base);
   const auto mixed = [&](qreal share) {

@@ -19,7 +19,7 @@ enum class LabelEdit { kAutomatic = 0, kManual = 1 };
 // A tree of keyed nodes, drawn with lines, plus/minus boxes, pictures and labels, with one selected
 // node, a drop highlight and in-place label editing.
 // What the user does raises the signals; what the program does raises none of them but
-// BeforeLabelEdit. The signals' receivers are called at once.
+// BeforeLabelEdit and GotFocus. The signals' receivers are called at once.
 class TreeView : public QTreeView {
   Q_OBJECT
 
@@ -65,6 +65,9 @@ class TreeView : public QTreeView {
   QRect ItemRect(const Node& node) const;
   QRect LabelRect(const Node& node) const;
 
+  void scrollTo(const QModelIndex& index,
+                ScrollHint hint = QAbstractItemView::EnsureVisible) override;
+
  Q_SIGNALS:
   // The user selected `node` by mouse or keyboard, or clicked it with the right button.
   void NodeClick(Node* node);
@@ -79,7 +82,6 @@ class TreeView : public QTreeView {
   // The context-menu key was pressed; `position` on the screen belongs to the selected node.
   void ContextMenuKey(const QPoint& position);
 
- public:
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -103,6 +105,9 @@ class TreeView : public QTreeView {
   void CloseEditor();
   void PlaceEditor();
   void FitColumn(bool rowsChanged);
+  void AllowInputMethod();
+  // The selection does not stay on a node that a collapse by the user has hidden.
+  void SelectCollapsed(const QModelIndex& collapsed);
   // Runs `action`; when it moved the selection, raises NodeClick.
   template <class Action>
   void SelectByKeyboard(Action action);

@@ -3,6 +3,7 @@
 
 #include "vertical_label.h"
 
+#include <QFontInfo>
 #include <QPainter>
 
 VerticalLabel::VerticalLabel(const QString& caption, qreal pointSize, QWidget* parent)
@@ -21,6 +22,9 @@ void VerticalLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::Text));
   const qreal cell = qreal(height()) / qreal(caption_.size());
+  QFont title = font();
+  if (QFontInfo(title).pixelSize() > cell) title.setPixelSize(int(cell));
+  painter.setFont(title);
   for (qsizetype i = 0; i < caption_.size(); ++i) {
     painter.drawText(QRectF(0, cell * qreal(i), width(), cell), Qt::AlignCenter | Qt::TextDontClip,
                      caption_.mid(i, 1));

@@ -3,11 +3,11 @@
 
 #include "frm_main.h"
 
-#include "com_func.h"
 #include "component.h"
 #include "data_base_funcs.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
+#include "error.h"
 #include "event_guard.h"
 #include "list_view.h"
 #include "message_box.h"
@@ -17,20 +17,26 @@
 #include "tree_view.h"
 #include "word_tree.h"
 
-#include <memory>
+#include <algorithm>
+#include <exception>
 #include <vector>
 
 namespace {
 
-// Whether the database still holds the category, after deleting it failed half-way perhaps.
-bool IsStored(const DictPrpty& category) {
-  Recordset rows;
-  rows.Open(Statement::SelectCategoryNamed(category.NodeName()), TheConn(), CursorType::kStatic,
-            LockType::kUnspecified);
-  for (; !rows.IsEof(); rows.MoveNext()) {
-    if (rows.FieldInteger("GID") == category.DicID()) return true;
+// Whether the database still holds the category, after deleting it failed half-way perhaps. A
+// database that cannot tell is taken to hold it.
+bool IsStored(qint32 DicID) {
+  try {
+    Recordset rows;
+    rows.Open(Statement::SelectCategories(), TheConn(), CursorType::kKeyset,
+              LockType::kUnspecified);
+    for (; !rows.IsEof(); rows.MoveNext()) {
+      if (rows.FieldInteger("GID") == DicID) return true;
+    }
+    return false;
+  } catch (const Error&) {
+    return true;
   }
-  return false;
 }
 
 }  // namespace
@@ -130,12 +136,12 @@ void frmMain::DeleteNode(qint32 Sel) {
       TheWordTree().colDictPrptys().Remove(key);
       if (selected->Children() > 0 && ListShowsBrothers(selected->Child()->Key())) ClearList();
     };
-    const DictPrpty& category = TheWordTree().colDictPrptys().Item(key);
+    const qint32 dicId = TheWordTree().colDictPrptys().Item(key).DicID();
     try {
-      TheDBFuncs().DeleteItem(1, category.DicID(), 0);
+      TheDBFuncs().DeleteItem(1, dicId, 0);
     } catch (...) {
       // The category's row may be gone although its words are not.
-      if (!IsStored(category)) {
+      if (!IsStored(dicId)) {
         forget();
         tvTreeView->RemoveNode(key);
       }

@@ -3,6 +3,7 @@
 
 #include "frm_main.h"
 
+#include "accessible_roles.h"
 #include "band_container.h"
 #include "entry_scheme.h"
 #include "event_guard.h"
@@ -30,6 +31,7 @@ QCursor LoadCursor(const QString& path, int hotX, int hotY, qreal scale) {
 
 frmMain::frmMain() : placement_(*this) {
   setObjectName(QStringLiteral("frmMain"));
+  InstallAccessibleRoles();
   for (const char* name : {"root", "category", "word"}) {
     imlTreeIcons.Add(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
   }
@@ -52,6 +54,7 @@ frmMain::frmMain() : placement_(*this) {
 frmMain::~frmMain() {
   // The controls go before the image lists and the records that their handlers use.
   client->removeEventFilter(this);
+  tvTreeView->removeEventFilter(this);
   delete takeCentralWidget();
 }
 
@@ -61,10 +64,12 @@ void frmMain::CreatePanes() {
     return widget;
   };
   picTreeContain = named(new PictureBox(client), "picTreeContain");
+  picTreeContain->setAccessibleName(QStringLiteral("树窗格"));
   tvTreeView = named(new TreeView(picTreeContain), "tvTreeView");
   tvTreeView->setAccessibleName(QStringLiteral("词句库"));
 
   picListContain = named(new PictureBox(client), "picListContain");
+  picListContain->setAccessibleName(QStringLiteral("列表窗格"));
   picListContain->SetBackColor(kWhite);
   picListContain->SetBorder();
   lvListView = named(new ListView(picListContain), "lvListView");
@@ -73,6 +78,7 @@ void frmMain::CreatePanes() {
   lvListView->SetCustomPointer(
       LoadCursor(QStringLiteral(":/cursors/hand.svg"), 12, 1, devicePixelRatioF()));
   Image1 = named(new PictureBox(picListContain), "Image1");
+  Image1->setAccessibleName(QStringLiteral("词句库图标"));
   Image1->SetBackColor(kWhite);
   Image1->SetPicture(QIcon(QStringLiteral(":/icons/list-pane.svg")), QSize(32, 32));
   Label1 = named(new VerticalLabel(kAppTitle, 15.75, picListContain), "Label1");
@@ -91,6 +97,7 @@ void frmMain::CreatePanes() {
 void frmMain::CreateBars() {
   cbToolBar = new BandContainer(15, kOverlap + 15, client);
   cbToolBar->setObjectName(QStringLiteral("cbToolBar"));
+  cbToolBar->setAccessibleName(QStringLiteral("工具栏带"));
   tbToolBar = new ToolBar;
   tbToolBar->setObjectName(QStringLiteral("tbToolBar"));
   tbToolBar->setAccessibleName(QStringLiteral("工具栏"));
@@ -100,19 +107,20 @@ void frmMain::CreateBars() {
   tbToolBar->AddSeparator();
   tbToolBar->AddButton(QStringLiteral("删除"), 5);
   tbToolBar->AddButton(QStringLiteral("重命名"), 6);
-  cbToolBar->AddBand(tbToolBar, 270, 8205, false);
+  cbToolBar->AddResizableBand(tbToolBar, 270);
   picForCBToolBar = new PictureBox;
   picForCBToolBar->setObjectName(QStringLiteral("picForCBToolBar"));
   picForCBToolBar->setAccessibleName(QStringLiteral("关于"));
   picForCBToolBar->SetPicture(QIcon(QStringLiteral(":/icons/band.svg")), QSize(45, 22));
-  cbToolBar->AddBand(picForCBToolBar, 345, 675, true);
+  cbToolBar->AddFixedBand(picForCBToolBar, 345, 675);
 
   cbStatusBar = new BandContainer(kOverlap + 15, 30, client);
   cbStatusBar->setObjectName(QStringLiteral("cbStatusBar"));
+  cbStatusBar->setAccessibleName(QStringLiteral("状态栏带"));
   sbStatusBar = new StatusBar;
   sbStatusBar->setObjectName(QStringLiteral("sbStatusBar"));
   sbStatusBar->setAccessibleName(QStringLiteral("状态栏"));
-  cbStatusBar->AddBand(sbStatusBar, 270, 8835, false);
+  cbStatusBar->AddResizableBand(sbStatusBar, 270);
   cbStatusBar->AddCaptionBand(kAppTitle, 225, 1095);
 
   // What the containers leave empty lies below the panes.
@@ -224,6 +232,7 @@ void frmMain::ConnectEvents() {
       picTreeContain, &PictureBox::MouseUp, this,
       Guarded([this](int Button, int, float X, float Y) { picTreeContain_MouseUp(Button, X, Y); }));
   // Where the pointer has left the pane, the bar is plain again.
+  tvTreeView->installEventFilter(this);
   connect(picTreeContain, &PictureBox::MouseLeave, this,
           Guarded([this] { DrawSortBar(*picTreeContain); }));
 

@@ -31,7 +31,9 @@ void frmMain::ApplyLayout() {
   tvTreeView->setGeometry(layout_.tvTreeView.ToPixels());
   picListContain->setGeometry(layout_.picListContain.ToPixels());
   lvListView->setGeometry(layout_.lvListView.ToPixels());
-  lvListView->ColumnHeaders().first().width = layout_.columnWidth;
+  for (ListView::ColumnHeader& column : lvListView->ColumnHeaders()) {
+    column.width = layout_.columnWidth;
+  }
   cbToolBar->setGeometry(layout_.cbToolBar.ToPixels());
   cbStatusBar->setGeometry(layout_.cbStatusBar.ToPixels());
   Image1->setGeometry(layout_.Image1.ToPixels());
@@ -54,6 +56,8 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     Form_Resize();
     resizing_ = false;
   }
+  // The pointer left the caption bar for the tree below, which its pane is not told of.
+  if (watched == tvTreeView && event->type() == QEvent::Enter) DrawSortBar(*picTreeContain);
   return QMainWindow::eventFilter(watched, event);
 }
 
@@ -64,9 +68,10 @@ void frmMain::changeEvent(QEvent* event) {
 
 void frmMain::picShowSplitter_MouseDown() {
   picShowSplitter->hide();
-  picSplitter->setGeometry(TwipsRect{layout_.picShowSplitter.left, layout_.picShowSplitter.top, 72,
-                                     layout_.picShowSplitter.height}
-                               .ToPixels());
+  splitterLeft_ = layout_.picShowSplitter.left;
+  picSplitter->setGeometry(
+      TwipsRect{splitterLeft_, layout_.picShowSplitter.top, 72, layout_.picShowSplitter.height}
+          .ToPixels());
   DrawSplitterBar(*picSplitter);
   picSplitter->show();
   picSplitter->raise();
@@ -76,17 +81,17 @@ void frmMain::picShowSplitter_MouseDown() {
 void frmMain::picShowSplitter_MouseMove(float X) {
   if (!SplitterMoving) return;
   const float width = placement_.Get().width;
-  float left = layout_.picShowSplitter.left + X;
-  if (left < 500) {
-    left = 500;
-  } else if (left > width - 500) {
-    left = width - 500;
+  splitterLeft_ = layout_.picShowSplitter.left + X;
+  if (splitterLeft_ < 500) {
+    splitterLeft_ = 500;
+  } else if (splitterLeft_ > width - 500) {
+    splitterLeft_ = width - 500;
   }
-  picSplitter->move(TwipsToPixels(left), picSplitter->y());
+  picSplitter->move(TwipsToPixels(splitterLeft_), picSplitter->y());
 }
 
 void frmMain::picShowSplitter_MouseUp() {
-  SizeControls(PixelsToTwips(picSplitter->x()));
+  SizeControls(splitterLeft_);
   picSplitter->hide();
   picShowSplitter->show();
   SplitterMoving = false;

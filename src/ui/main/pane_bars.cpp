@@ -77,6 +77,7 @@ void frmMain::DrawGrip() {
 
 void frmMain::DrawSplitterBar(PictureBox& ThePic) {
   const float width = 72;
+  ThePic.Cls();
   const float height = layout_.picShowSplitter.height;
   ThePic.Line(0, 0, width, 0, kCaptionText);
   ThePic.Line(0, 0, 0, height, kApplicationWorkspace);

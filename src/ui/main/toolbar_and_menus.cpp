@@ -32,15 +32,18 @@ void frmMain::mnuHelpAbout_Click() {
 
 // An error ends the command that it met, nothing more.
 void frmMain::tbToolBar_ButtonClick(ToolBarButton& Button) {
-  const QString key = Button.Key();
+  const QString& key = Button.Key();
   if (key == QStringLiteral("新条目")) {
     IgnoringErrors([this] { mnuEditNewItem_Click(); });
   } else if (key == QStringLiteral("新词")) {
     IgnoringErrors([this] { mnuEditNewWord_Click(); });
   } else if (key == QStringLiteral("删除")) {
+    // A disabled button loses the keyboard's focus, which comes back with it.
+    const bool hadFocus = Button.hasFocus();
     IgnoringErrors([this, &key] { tbToolBar->Button(key).setEnabled(false); });
     IgnoringErrors([this] { mnuEditDelete_Click(); });
     IgnoringErrors([this, &key] { tbToolBar->Button(key).setEnabled(true); });
+    if (hadFocus) Button.setFocus();
   } else if (key == QStringLiteral("重命名")) {
     IgnoringErrors([this] { mnuEditRename_Click(); });
   }

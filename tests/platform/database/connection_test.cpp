@@ -138,11 +138,13 @@ TEST_P(ConnectionTest, ReportsWhatTheDriverSays) {
                                   : engine.startsWith(u"PostgreSQL") ? u"23505"
                                                                      : u"23000");
   EXPECT_NE(duplicate.NativeCode(), 0);
+  EXPECT_TRUE(duplicate.IsDuplicateKey());
   EXPECT_THAT(duplicate.what(), Not(StartsWith("[")));
   EXPECT_EQ(CountOf("Dictionary"), 1);
 
   const DatabaseError missing =
       Raised([&] { connection_.Execute(QStringLiteral("delete * from 没有的表")); });
+  EXPECT_FALSE(missing.IsDuplicateKey());
   EXPECT_THAT(missing.what(), HasSubstr("没有的表"));
   EXPECT_THAT(missing.what(), Not(HasSubstr("*")));
 }
