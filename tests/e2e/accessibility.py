@@ -4,8 +4,8 @@
 
 import unittest
 
-import harness
-from harness import wait_until
+import desktop
+from desktop import wait_until
 
 MENUS = {
     "文件(F)": ["关闭(C)"],
@@ -31,7 +31,7 @@ def shows(item):
     return item.get_state_set().contains(Atspi.StateType.SHOWING)
 
 
-class Accessibility(harness.WindowTest):
+class Accessibility(desktop.WindowTest):
     def focused(self):
         from gi.repository import Atspi
         for item in self.items(self.process):
@@ -60,7 +60,7 @@ class Accessibility(harness.WindowTest):
         self.assertEqual(panels[0].get_name(), "状态")
         for panel in panels[1:]:
             self.assertRegex(panel.get_name(), r"\d")
-        titles = [item for item in self.items(self.process, "label", harness.TITLE)]
+        titles = [item for item in self.items(self.process, "label", desktop.TITLE)]
         self.assertEqual(len(titles), 2, "the band's caption and the vertical title")
 
         # The tree has the focus; from there to the list and the tool bar.
@@ -68,7 +68,7 @@ class Accessibility(harness.WindowTest):
         wait_until(lambda: panels[0].get_name() == "分类条目", "the panel shows the node's kind")
         self.assertEqual([item.get_name() for item in self.items(self.process, "list item")], ["粗车外圆", "车端面"])
         self.choose("Menu", "Up", "Return")
-        question = self.window_id(harness.BOX_TITLE)
+        question = self.window_id(desktop.BOX_TITLE)
         self.item(self.process, "label", "确定要删除选中的内容？")
         wait_until(lambda: self.is_active(question), "the question has the keyboard")
         self.key("Escape")
@@ -82,7 +82,7 @@ class Accessibility(harness.WindowTest):
         self.choose("alt+h", "Return")
         box = self.window_id("关于 HCWordLib")
         texts = [item.get_name() for item in self.items(self.process, "label")]
-        for text in (harness.TITLE, "版本:2011"):
+        for text in (desktop.TITLE, "版本:2011"):
             self.assertIn(text, texts)
         self.assertEqual([item.get_name() for item in self.items(self.process, "push button")][-2:].sort(),
                          ["系统信息(S)...", "确定"].sort())

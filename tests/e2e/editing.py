@@ -6,13 +6,13 @@ import contextlib
 import sqlite3
 import unittest
 
-import harness
-from harness import wait_until
+import desktop
+from desktop import wait_until
 
 WORDS = "select FatherID, ID, NodeName from Items join Dictionary on GID = SortID where SortName = ? order by ID"
 
 
-class Editing(harness.WindowTest):
+class Editing(desktop.WindowTest):
     outline = "车削\n\t粗车外圆\n\t车端面\n"
 
     def name(self, text):
@@ -29,7 +29,7 @@ class Editing(harness.WindowTest):
 
     def refusal(self):
         """The text of the message box, which is confirmed."""
-        box = self.window_id(harness.BOX_TITLE)
+        box = self.window_id(desktop.BOX_TITLE)
         wait_until(lambda: self.is_active(box), "the message box has the keyboard")
         text = "".join(item.get_name() for item in self.items(self.process, "label") if item.get_name().endswith("。"))
         self.key("Return")
@@ -82,10 +82,10 @@ class Editing(harness.WindowTest):
         wait_until(lambda: "新加词" in self.shown(), "the label is as it was")
         self.assertEqual(self.words("电加工"), branch)
 
-        self.click_item(self.item(self.process, "table cell", "慢走丝"), button=3, dx=harness.LABEL)
+        self.click_item(self.item(self.process, "table cell", "慢走丝"), button=3, dx=desktop.LABEL)
         self.wait_for_menu(self.process)
         self.key("Up", "Return")  # 删除
-        box = self.window_id(harness.BOX_TITLE)
+        box = self.window_id(desktop.BOX_TITLE)
         self.item(self.process, "label", "确定要删除选中的内容？")
         wait_until(lambda: self.is_active(box), "the question has the keyboard")
         self.key("alt+y")

@@ -7,15 +7,15 @@ import shutil
 import sqlite3
 import unittest
 
-import harness
-from harness import wait_until
+import desktop
+from desktop import wait_until
 
 
-class Failures(harness.WindowTest):
+class Failures(desktop.WindowTest):
     def end_with_message(self, process):
         """Confirms the message box: (its text, the exit status). No other window may be up."""
-        box = self.window_id(harness.BOX_TITLE, process)
-        self.assertEqual(list(self.windows().values()), [harness.BOX_TITLE])
+        box = self.window_id(desktop.BOX_TITLE, process)
+        self.assertEqual(list(self.windows().values()), [desktop.BOX_TITLE])
         text = " ".join(item.get_name() for item in self.items(process, "label"))
         wait_until(lambda: self.is_active(box), "the message box has the keyboard")
         self.key("Return")
@@ -25,7 +25,7 @@ class Failures(harness.WindowTest):
 
     def test_generator_missing(self):
         alone = self.home / "hcwordlib"
-        shutil.copy(harness.BUILD / "hcwordlib", alone)
+        shutil.copy(desktop.BUILD / "hcwordlib", alone)
         text, _ = self.end_with_message(self.start(alone))
         self.assertEqual(text.strip(), "发生致命错误，结束程序。")
         self.assertEqual(self.stored(), {})

@@ -7,11 +7,11 @@ import sqlite3
 import subprocess
 import unittest
 
-import harness
+import desktop
 
 
-@unittest.skipUnless(harness.BUILD == harness.ROOT / "build" / "release", "script/run starts the release build")
-class ScriptRun(harness.WindowTest):
+@unittest.skipUnless(desktop.BUILD == desktop.ROOT / "build" / "release", "script/run starts the release build")
+class ScriptRun(desktop.WindowTest):
     def make_library(self):
         self.library = self.home / "XDG_DATA_HOME" / "hcwordlib" / "library.sqlite"
         self.source = self.home / "user.ini"
@@ -19,14 +19,14 @@ class ScriptRun(harness.WindowTest):
         self.env.pop("DISPLAY")
 
     def run_script(self, **extra):
-        return subprocess.run([harness.ROOT / "script" / "run", "--screenshot", self.picture],
+        return subprocess.run([desktop.ROOT / "script" / "run", "--screenshot", self.picture],
                               env={**self.env, **extra}, cwd=self.home, check=False, text=True, timeout=300,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
 
     def test_library_is_made_once(self):
         done = self.run_script()
         self.assertEqual(done.returncode, 0, done.stdout)
-        size = harness.run("identify", "-format", "%wx%h", self.picture)
+        size = desktop.run("identify", "-format", "%wx%h", self.picture)
         self.assertEqual(size, "433x433")
         self.assertGreater(self.rows("select count(*) from Items")[0][0], 800)
         source = self.source.read_text(encoding="utf-8")

@@ -5,13 +5,13 @@
 import signal
 import unittest
 
-import harness
-from harness import wait_until
+import desktop
+from desktop import wait_until
 
 TWIPS_PER_PIXEL = 15
 
 
-class StartUp(harness.WindowTest):
+class StartUp(desktop.WindowTest):
     def test_first_start_takes_the_default_place(self):
         process, window = self.open()
         place = self.geometry(window)
@@ -52,7 +52,7 @@ class StartUp(harness.WindowTest):
         self.minimise(window)
         self.assertEqual(self.end(self.start()), 0)
         wait_until(lambda: not self.is_minimised(window) and self.is_active(window), "the window came back")
-        self.assertEqual(list(self.windows().values()), [harness.TITLE])
+        self.assertEqual(list(self.windows().values()), [desktop.TITLE])
 
         # A minimised window is closed without a trace in the settings.
         self.minimise(window)

@@ -6,8 +6,8 @@ import pathlib
 import sys
 import unittest
 
-import harness
-from harness import wait_until
+import desktop
+from desktop import wait_until
 
 DARK = """[General]
 widgetStyle=fusion
@@ -32,8 +32,8 @@ ForegroundNormal=252,252,252
 """
 
 
-class Screenshots(harness.WindowTest):
-    outline = (harness.ROOT / "data" / "sample" / "sample.outline").read_text(encoding="utf-8")
+class Screenshots(desktop.WindowTest):
+    outline = (desktop.ROOT / "data" / "sample" / "sample.outline").read_text(encoding="utf-8")
 
     def take(self, variant, scale, dark):
         folder = pathlib.Path(FOLDER) / variant
@@ -46,14 +46,14 @@ class Screenshots(harness.WindowTest):
         self.process, window = self.open(**extra)
         self.move(window, 20 * scale, 20 * scale, 760 * scale, 560 * scale)
 
-        self.click_item(self.cell(harness.TITLE), dx=harness.LABEL)
+        self.click_item(self.cell(desktop.TITLE), dx=desktop.LABEL)
         self.key("Right")
-        self.click_item(self.cell("车削"), dx=harness.LABEL)
+        self.click_item(self.cell("车削"), dx=desktop.LABEL)
         self.key("Right", "Down", "Right", "Up")
         self.cell("粗车外圆")
         self.picture(folder / "main-window.png", window)
 
-        self.click_item(self.cell("车削"), button=3, dx=harness.LABEL)
+        self.click_item(self.cell("车削"), button=3, dx=desktop.LABEL)
         wait_until(lambda: self.items(self.process, "popup menu"), "the pop-up menu")
         self.picture(folder / "popup.png", window, of_screen=True)
         self.key("Escape")
@@ -74,13 +74,13 @@ class Screenshots(harness.WindowTest):
     def picture(self, file, window, of_screen=False):
         """Waits until the window stands still, and writes its picture."""
         if not of_screen:
-            harness.run("xdotool", "mousemove", 1599, 1199)  # nothing is under the pointer
+            desktop.run("xdotool", "mousemove", 1599, 1199)  # nothing is under the pointer
         def take():
             self.screenshot(file, None if of_screen else window)
             if of_screen:
                 x, y, width, height = self.geometry(window)
-                harness.run("mogrify", "-crop", f"{width}x{height}+{x}+{y}", "+repage", file)
-            return harness.run("identify", "-format", "%#", file)  # tells pictures apart by their pixels
+                desktop.run("mogrify", "-crop", f"{width}x{height}+{x}+{y}", "+repage", file)
+            return desktop.run("identify", "-format", "%#", file)  # tells pictures apart by their pixels
         wait_until(lambda: take() == take(), f"{file.name} stands still")
 
     def test_light_100(self):

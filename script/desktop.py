@@ -21,7 +21,7 @@ import tempfile
 import time
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+ROOT = pathlib.Path(__file__).resolve().parents[1]
 BUILD = pathlib.Path(os.environ.get("HCWORDLIB_BUILD", ROOT / "build" / "release"))
 TITLE = "衡川词句库"
 BOX_TITLE = "HCWordLib"
