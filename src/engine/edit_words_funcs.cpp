@@ -15,6 +15,7 @@
 
 #include <limits>
 #include <memory>
+#include <utility>
 
 EditWordsFuncs::EditWordsFuncs(Connection& connection, WordTree& wordTree)
     : connection_(connection), wordTree_(wordTree) {}
@@ -22,15 +23,22 @@ EditWordsFuncs::EditWordsFuncs(Connection& connection, WordTree& wordTree)
 QString EditWordsFuncs::AddNode(TreeView& TheTree, const QString& ParentKey,
                                 const QString& NodeText, qint32 NodeIcon, const QString& NodeTag,
                                 qint32 Visible) {
-  const QString key = QStringLiteral("TheItem") + QString::number(TreeCount);
-  if (TreeCount == std::numeric_limits<qint32>::max()) throw Error(QStringLiteral("溢出"));
-  ++TreeCount;
-  Node& node = TheTree.Nodes().Add(ParentKey, Relationship::kChild, key, NodeText, NodeIcon);
-  node.SetTag(NodeTag);
+  const CompactText key = AppendNode(TheTree.Nodes(), ParentKey, NodeText, NodeIcon, NodeTag);
   if (Visible == 1) {
+    Node& node = TheTree.Nodes().Item(key);
     TheTree.SetSelectedItem(node);
     TheTree.EnsureVisible(node);
   }
+  return key.ToString();
+}
+
+CompactText EditWordsFuncs::AppendNode(TreeNodes& nodes, CompactText parentKey, QString text,
+                                       qint32 icon, CompactText tag) {
+  static const CompactText kKeys(QStringLiteral("TheItem"));
+  const CompactText key = kKeys.Numbered(TreeCount);
+  if (TreeCount == std::numeric_limits<qint32>::max()) throw Error(QStringLiteral("溢出"));
+  ++TreeCount;
+  nodes.Add(parentKey, Relationship::kChild, key, std::move(text), icon).SetTag(tag);
   return key;
 }
 
@@ -49,16 +57,17 @@ bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
     const qint32 gid = TheTable.FieldInteger("GID");
     const qint32 position = TheTable.FieldInteger("Position");
     const QString sortName = TheTable.FieldText("SortName");
-    const QString key = AddNode(TheTree, kRootKey, sortName, kCategoryImage, kCategoryTag, 0);
-    wordTree_.colDictPrptys().Add(gid, position, key, sortName, QString(), key);
+    const CompactText key =
+        AppendNode(TheTree.Nodes(), kRootKey, sortName, kCategoryImage, kCategoryTag);
+    wordTree_.colDictPrptys().Add(gid, position, key, sortName, CompactText(), key);
     TheTable.MoveNext();
     OpenFastAddWords(TheTree, key, 0, gid);
   }
   return true;
 }
 
-bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, const QString& ParentKey,
-                                      qint32 /*ParentID*/, qint32 DictID) {
+bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, CompactText ParentKey, qint32 /*ParentID*/,
+                                      qint32 DictID) {
   auto words = std::make_unique<Recordset>();
   words->Open(Statement::SelectWords(DictID), connection_, CursorType::kKeyset,
               LockType::kUnspecified);
@@ -67,14 +76,18 @@ bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, const QString& ParentKe
   const qint32 count = words->RecordCount();
   words->MoveFirst();
   TreePrptys& records = wordTree_.colTreePrptys();
+  const CompactText tag(kWordTag);
+  const size_t idColumn = words->ColumnOf("ID");
+  const size_t fatherIdColumn = words->ColumnOf("FatherID");
+  const size_t nodeNameColumn = words->ColumnOf("NodeName");
   for (qint32 i = 0; i < count; ++i) {
-    const qint32 id = words->FieldInteger("ID");
-    const qint32 fatherId = words->FieldInteger("FatherID");
-    const QString nodeName = words->FieldText("NodeName");
-    QString parentKey = ParentKey;
+    const qint32 id = words->FieldInteger(idColumn);
+    const qint32 fatherId = words->FieldInteger(fatherIdColumn);
+    QString nodeName = words->FieldText(nodeNameColumn);
+    CompactText parentKey = ParentKey;
     if (fatherId == 0 || records.GetFatherKey(DictID, fatherId, parentKey)) {
-      const QString key = AddNode(TheTree, parentKey, nodeName, kWordImage, kWordTag, 0);
-      records.Add(DictID, id, fatherId, nodeName, key, kWordTag, parentKey, key);
+      const CompactText key = AppendNode(TheTree.Nodes(), parentKey, nodeName, kWordImage, tag);
+      records.Add(DictID, id, fatherId, std::move(nodeName), key, tag, parentKey, key);
     } else {
       skippedWords_.append(SkippedWord{DictID, id, fatherId});
     }

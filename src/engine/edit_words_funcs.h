@@ -3,12 +3,15 @@
 
 #pragma once
 
+#include "compact_text.h"
+
 #include <QList>
 #include <QString>
 
 class Connection;
 class ListView;
 class Recordset;
+class TreeNodes;
 class TreeView;
 class WordTree;
 
@@ -36,8 +39,7 @@ class EditWordsFuncs {
 
   // Loads all words of the category DictID under its node, keyed ParentKey. False when it has
   // none. ParentID is not used.
-  bool OpenFastAddWords(TreeView& TheTree, const QString& ParentKey, qint32 ParentID,
-                        qint32 DictID);
+  bool OpenFastAddWords(TreeView& TheTree, CompactText ParentKey, qint32 ParentID, qint32 DictID);
 
   // The words that were not loaded because no word read before them is their parent.
   struct SkippedWord {
@@ -52,6 +54,9 @@ class EditWordsFuncs {
   QString TreeWordNewName(qint32 DictID);
 
  private:
+  // Adds a node as the last child of the node keyed parentKey and returns its key.
+  CompactText AppendNode(TreeNodes& nodes, CompactText parentKey, QString text, qint32 icon,
+                         CompactText tag);
   QString FreeName(const QString& statement, const QString& base,
                    QString (*criterion)(const QString&));
 

@@ -5,6 +5,7 @@
 
 #include "error.h"
 #include "key_index.h"
+#include "pooled.h"
 
 #include <QString>
 
@@ -23,9 +24,9 @@ class KeyedCollection {
   KeyedCollection& operator=(const KeyedCollection&) = delete;
 
   // Appends `record`, without a key when `sKey` is empty. Fails when the key is in use.
-  Record& Append(Record record, const QString& sKey) {
-    auto entry = std::make_unique<Entry>(Entry{{CompactText(sKey)}, std::move(record), last_});
-    if (!sKey.isEmpty() && !index_.Insert(*entry)) {
+  Record& Append(Record record, CompactText sKey) {
+    std::unique_ptr<Entry> entry(new Entry(sKey, std::move(record), last_));
+    if (!sKey.IsEmpty() && !index_.Insert(*entry)) {
       throw Error(QStringLiteral("该关键字已经与该集合的一个元素相关联"));
     }
     (last_ == nullptr ? first_ : last_->next) = entry.get();
@@ -35,7 +36,7 @@ class KeyedCollection {
   }
 
   // The record stored under the key, or at the position counted from 1. Fails when there is none.
-  Record& Item(const QString& vntIndexKey) const { return Find(vntIndexKey).record; }
+  Record& Item(CompactText vntIndexKey) const { return Find(vntIndexKey).record; }
   Record& Item(qint32 vntIndexKey) const { return Find(vntIndexKey).record; }
 
   // Removes the record that Item would find.
@@ -69,14 +70,16 @@ class KeyedCollection {
 
  private:
   // Linked by hand: a standard list could not remove an entry that was found by its key.
-  struct Entry : Keyed {
+  struct Entry : Keyed, Pooled<Entry> {
+    Entry(CompactText key, Record added, Entry* last)
+        : Keyed{key}, record(std::move(added)), previous(last) {}
     Record record;
     Entry* previous = nullptr;
     Entry* next = nullptr;
   };
 
-  Entry& Find(const QString& key) const {
-    Entry* entry = key.isEmpty() ? nullptr : index_.Find(key);
+  Entry& Find(CompactText key) const {
+    Entry* entry = key.IsEmpty() ? nullptr : index_.Find(key);
     if (entry == nullptr) throw Error(QStringLiteral("无效的过程调用或参数"));
     return *entry;
   }

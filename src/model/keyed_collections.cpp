@@ -5,34 +5,29 @@
 
 #include <utility>
 
-const TreePrpty& TreePrptys::Add(qint32 DicID, qint32 ID, qint32 FatherID, const QString& NodeName,
-                                 const QString& NodeKey, const QString& Tag,
-                                 const QString& FatherKey, const QString& sKey) {
+const TreePrpty& TreePrptys::Add(qint32 DicID, qint32 ID, qint32 FatherID, QString NodeName,
+                                 CompactText NodeKey, CompactText Tag, CompactText FatherKey,
+                                 CompactText sKey) {
   TreePrpty created;
   created.SetDicID(DicID);
   created.SetID(ID);
   created.SetFatherID(FatherID);
-  created.SetNodeName(NodeName);
+  created.SetNodeName(std::move(NodeName));
   created.SetNodeKey(NodeKey);
   created.SetTag(Tag);
   created.SetFatherKey(FatherKey);
   const TreePrpty& record = records_.Append(std::move(created), sKey);
-  const TreePrpty*& first = byIdentity_[Identity{DicID, ID}];
-  if (first == nullptr) {
-    first = &record;
-  } else {
-    ++repeated_;
-  }
+  if (!byIdentity_.Insert(DicID, ID, record)) ++repeated_;
   return record;
 }
 
-bool TreePrptys::Rename(const QString& TheKey, const QString& NewName) {
+bool TreePrptys::Rename(CompactText TheKey, const QString& NewName) {
   records_.Item(TheKey).SetNodeName(NewName);
   return true;
 }
 
-bool TreePrptys::GetFatherKey(qint32 DictID, qint32 ID, QString& FatherKey) const {
-  const TreePrpty* const record = byIdentity_.value(Identity{DictID, ID});
+bool TreePrptys::GetFatherKey(qint32 DictID, qint32 ID, CompactText& FatherKey) const {
+  const TreePrpty* const record = byIdentity_.Find(DictID, ID);
   if (record == nullptr) return false;
   FatherKey = record->NodeKey();
   return true;
@@ -40,30 +35,31 @@ bool TreePrptys::GetFatherKey(qint32 DictID, qint32 ID, QString& FatherKey) cons
 
 template <class IndexKey>
 void TreePrptys::Forget(const TreePrpty& record, const IndexKey& vntIndexKey) {
-  const Identity identity{record.DicID(), record.ID()};
-  const bool first = byIdentity_.value(identity) == &record;
+  const qint32 dicId = record.DicID();
+  const qint32 id = record.ID();
+  const bool first = byIdentity_.Find(dicId, id) == &record;
   records_.Remove(vntIndexKey);
   if (!first) {
     --repeated_;
     return;
   }
-  byIdentity_.remove(identity);
+  byIdentity_.Remove(dicId, id);
   if (repeated_ == 0) return;
-  const TreePrpty* const next = records_.FindFirst([identity](const TreePrpty& candidate) {
-    return Identity{candidate.DicID(), candidate.ID()} == identity;
+  const TreePrpty* const next = records_.FindFirst([dicId, id](const TreePrpty& candidate) {
+    return candidate.DicID() == dicId && candidate.ID() == id;
   });
   if (next != nullptr) {
-    byIdentity_.insert(identity, next);
+    byIdentity_.Insert(dicId, id, *next);
     --repeated_;
   }
 }
 
-template void TreePrptys::Forget(const TreePrpty&, const QString&);
+template void TreePrptys::Forget(const TreePrpty&, const CompactText&);
 template void TreePrptys::Forget(const TreePrpty&, const qint32&);
 
-const ListPrpty& ListPrptys::Add(qint32 DicID, qint32 FatherID, const QString& FatherKey, qint32 ID,
-                                 const QString& NodeKey, const QString& NodeName,
-                                 const QString& Tag, const QString& sKey) {
+const ListPrpty& ListPrptys::Add(qint32 DicID, qint32 FatherID, CompactText FatherKey, qint32 ID,
+                                 CompactText NodeKey, const QString& NodeName, CompactText Tag,
+                                 CompactText sKey) {
   ListPrpty created;
   created.SetDicID(DicID);
   created.SetFatherID(FatherID);
@@ -75,8 +71,8 @@ const ListPrpty& ListPrptys::Add(qint32 DicID, qint32 FatherID, const QString& F
   return records_.Append(std::move(created), sKey);
 }
 
-const DictPrpty& DictPrptys::Add(qint32 DicID, qint32 Position, const QString& NodeKey,
-                                 const QString& NodeName, const QString& Tag, const QString& sKey) {
+const DictPrpty& DictPrptys::Add(qint32 DicID, qint32 Position, CompactText NodeKey,
+                                 const QString& NodeName, CompactText Tag, CompactText sKey) {
   DictPrpty created;
   created.SetDicID(DicID);
   created.SetPosition(Position);
@@ -86,7 +82,7 @@ const DictPrpty& DictPrptys::Add(qint32 DicID, qint32 Position, const QString& N
   return records_.Append(std::move(created), sKey);
 }
 
-bool DictPrptys::Rename(const QString& TheKey, const QString& NewName) {
+bool DictPrptys::Rename(CompactText TheKey, const QString& NewName) {
   records_.Item(TheKey).SetNodeName(NewName);
   return true;
 }

@@ -4,9 +4,9 @@
 #pragma once
 
 #include "keyed_collection.h"
+#include "pair_index.h"
 #include "property_records.h"
 
-#include <QHash>
 #include <QString>
 
 // The three collections of records. Every record that the program adds is stored under a key equal
@@ -17,42 +17,31 @@
 class TreePrptys {
  public:
   // The new record, under the key `sKey` unless that is empty.
-  const TreePrpty& Add(qint32 DicID, qint32 ID, qint32 FatherID, const QString& NodeName,
-                       const QString& NodeKey, const QString& Tag, const QString& FatherKey,
-                       const QString& sKey = QString());
+  const TreePrpty& Add(qint32 DicID, qint32 ID, qint32 FatherID, QString NodeName,
+                       CompactText NodeKey, CompactText Tag, CompactText FatherKey,
+                       CompactText sKey = CompactText());
 
   // Gives the record under `TheKey` a new NodeName and returns true.
-  bool Rename(const QString& TheKey, const QString& NewName);
+  bool Rename(CompactText TheKey, const QString& NewName);
 
   // Puts the NodeKey of the word `ID` of the category `DictID`, of the first one added where there
   // are several, into `FatherKey` and returns true; returns false and changes nothing when there
   // is none.
-  bool GetFatherKey(qint32 DictID, qint32 ID, QString& FatherKey) const;
+  bool GetFatherKey(qint32 DictID, qint32 ID, CompactText& FatherKey) const;
 
   const TreePrpty& Item(qint32 vntIndexKey) const { return records_.Item(vntIndexKey); }
-  const TreePrpty& Item(const QString& vntIndexKey) const { return records_.Item(vntIndexKey); }
+  const TreePrpty& Item(CompactText vntIndexKey) const { return records_.Item(vntIndexKey); }
   void Remove(qint32 vntIndexKey) { Forget(records_.Item(vntIndexKey), vntIndexKey); }
-  void Remove(const QString& vntIndexKey) { Forget(records_.Item(vntIndexKey), vntIndexKey); }
+  void Remove(CompactText vntIndexKey) { Forget(records_.Item(vntIndexKey), vntIndexKey); }
   qint32 Count() const { return records_.Count(); }
 
  private:
-  struct Identity {
-    qint32 dicId;
-    qint32 id;
-    friend bool operator==(Identity, Identity) noexcept = default;
-    // Words numbered in turn get neighbouring values, as they are loaded in turn.
-    friend size_t qHash(Identity identity, size_t seed = 0) noexcept {
-      const auto id = static_cast<quint32>(identity.id);
-      return (qHashMulti(seed, identity.dicId, id >> 4) << 4) | (id & 0xF);
-    }
-  };
-
   template <class IndexKey>
   void Forget(const TreePrpty& record, const IndexKey& vntIndexKey);
 
   KeyedCollection<TreePrpty> records_;
   // The first record added of each category and ID.
-  QHash<Identity, const TreePrpty*> byIdentity_;
+  PairIndex<const TreePrpty> byIdentity_;
   // How many records share their identity with an earlier one.
   qint32 repeated_ = 0;
 };
@@ -63,12 +52,12 @@ class ListPrptys {
   void Clear() { records_.Clear(); }
 
   // The new record, under the key `sKey` unless that is empty; its Position stays 0.
-  const ListPrpty& Add(qint32 DicID, qint32 FatherID, const QString& FatherKey, qint32 ID,
-                       const QString& NodeKey, const QString& NodeName, const QString& Tag,
-                       const QString& sKey = QString());
+  const ListPrpty& Add(qint32 DicID, qint32 FatherID, CompactText FatherKey, qint32 ID,
+                       CompactText NodeKey, const QString& NodeName, CompactText Tag,
+                       CompactText sKey = CompactText());
 
   const ListPrpty& Item(qint32 vntIndexKey) const { return records_.Item(vntIndexKey); }
-  const ListPrpty& Item(const QString& vntIndexKey) const { return records_.Item(vntIndexKey); }
+  const ListPrpty& Item(CompactText vntIndexKey) const { return records_.Item(vntIndexKey); }
   qint32 Count() const { return records_.Count(); }
 
  private:
@@ -79,17 +68,16 @@ class ListPrptys {
 class DictPrptys {
  public:
   // The new record, under the key `sKey` unless that is empty.
-  const DictPrpty& Add(qint32 DicID, qint32 Position, const QString& NodeKey,
-                       const QString& NodeName, const QString& Tag = QString(),
-                       const QString& sKey = QString());
+  const DictPrpty& Add(qint32 DicID, qint32 Position, CompactText NodeKey, const QString& NodeName,
+                       CompactText Tag = CompactText(), CompactText sKey = CompactText());
 
   // Gives the record under `TheKey` a new NodeName and returns true.
-  bool Rename(const QString& TheKey, const QString& NewName);
+  bool Rename(CompactText TheKey, const QString& NewName);
 
   const DictPrpty& Item(qint32 vntIndexKey) const { return records_.Item(vntIndexKey); }
-  const DictPrpty& Item(const QString& vntIndexKey) const { return records_.Item(vntIndexKey); }
+  const DictPrpty& Item(CompactText vntIndexKey) const { return records_.Item(vntIndexKey); }
   void Remove(qint32 vntIndexKey) { records_.Remove(vntIndexKey); }
-  void Remove(const QString& vntIndexKey) { records_.Remove(vntIndexKey); }
+  void Remove(CompactText vntIndexKey) { records_.Remove(vntIndexKey); }
   qint32 Count() const { return records_.Count(); }
 
  private:

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <utility>
+
 // The records that mirror what the tree and the list show. They hold the database identifiers of
 // an entry, which the controls do not hold, beside its key, text and tag. Plain values: a new
 // record has every text empty and every number 0.
@@ -15,17 +17,17 @@
 class TreePrpty {
  public:
   // The key of the tree node that this word's node hangs under.
-  void SetFatherKey(const QString& value) { fatherKey_ = CompactText(value); }
-  QString FatherKey() const { return fatherKey_.ToString(); }
+  void SetFatherKey(CompactText value) { fatherKey_ = value; }
+  CompactText FatherKey() const { return fatherKey_; }
 
-  void SetTag(const QString& value) { tag_ = CompactText(value); }
-  QString Tag() const { return tag_.ToString(); }
+  void SetTag(CompactText value) { tag_ = value; }
+  CompactText Tag() const { return tag_; }
 
   // The key of the word's tree node and of this record in its collection.
-  void SetNodeKey(const QString& value) { nodeKey_ = CompactText(value); }
-  QString NodeKey() const { return nodeKey_.ToString(); }
+  void SetNodeKey(CompactText value) { nodeKey_ = value; }
+  CompactText NodeKey() const { return nodeKey_; }
 
-  void SetNodeName(const QString& value) { nodeName_ = value; }
+  void SetNodeName(QString value) { nodeName_ = std::move(value); }
   QString NodeName() const { return nodeName_; }
 
   // The ID of the parent word in the same category; 0 for a word directly under its category.
@@ -57,23 +59,23 @@ class ListPrpty {
   qint32 Position() const { return position_; }
 
   // The tag of the record of the entry shown: empty for a category.
-  void SetTag(const QString& value) { tag_ = CompactText(value); }
-  QString Tag() const { return tag_.ToString(); }
+  void SetTag(CompactText value) { tag_ = value; }
+  CompactText Tag() const { return tag_; }
 
-  void SetNodeName(const QString& value) { nodeName_ = value; }
+  void SetNodeName(QString value) { nodeName_ = std::move(value); }
   QString NodeName() const { return nodeName_; }
 
   // The key of the list item and of the tree node that it shows.
-  void SetNodeKey(const QString& value) { nodeKey_ = CompactText(value); }
-  QString NodeKey() const { return nodeKey_.ToString(); }
+  void SetNodeKey(CompactText value) { nodeKey_ = value; }
+  CompactText NodeKey() const { return nodeKey_; }
 
   // The word's ID; 0 for a category.
   void SetID(qint32 value) { id_ = value; }
   qint32 ID() const { return id_; }
 
   // As in TreePrpty for a word; empty for a category.
-  void SetFatherKey(const QString& value) { fatherKey_ = CompactText(value); }
-  QString FatherKey() const { return fatherKey_.ToString(); }
+  void SetFatherKey(CompactText value) { fatherKey_ = value; }
+  CompactText FatherKey() const { return fatherKey_; }
 
   // As in TreePrpty for a word; 0 for a category.
   void SetFatherID(qint32 value) { fatherId_ = value; }
@@ -98,15 +100,15 @@ class ListPrpty {
 class DictPrpty {
  public:
   // Always empty.
-  void SetTag(const QString& value) { tag_ = CompactText(value); }
-  QString Tag() const { return tag_.ToString(); }
+  void SetTag(CompactText value) { tag_ = value; }
+  CompactText Tag() const { return tag_; }
 
-  void SetNodeName(const QString& value) { nodeName_ = value; }
+  void SetNodeName(QString value) { nodeName_ = std::move(value); }
   QString NodeName() const { return nodeName_; }
 
   // The key of the category's tree node and of this record in its collection.
-  void SetNodeKey(const QString& value) { nodeKey_ = CompactText(value); }
-  QString NodeKey() const { return nodeKey_.ToString(); }
+  void SetNodeKey(CompactText value) { nodeKey_ = value; }
+  CompactText NodeKey() const { return nodeKey_; }
 
   // As loaded or as assigned at creation.
   void SetPosition(qint32 value) { position_ = value; }

@@ -4,40 +4,31 @@
 #pragma once
 
 #include "compact_text.h"
-
-#include <QSet>
-
-#include <type_traits>
+#include "pair_index.h"
 
 // What a KeyIndex finds: an object with a key that does not change while it is indexed.
 struct Keyed {
   CompactText key;
 };
 
-// Finds objects of type T, which derives from Keyed, by their key. It owns none of them and costs
-// about 15 bytes an object.
+// Finds objects of type T, which derives from Keyed, by their key. It owns none of them.
 template <class T>
 class KeyIndex {
  public:
-  T* Find(QStringView key) const {
-    const Keyed probe{CompactText(key)};
-    const auto it = refs_.constFind(Ref{&probe});
-    return it == refs_.cend() ? nullptr : const_cast<T*>(static_cast<const T*>(it->keyed));
-  }
+  // Null when there is none.
+  T* Find(CompactText key) const { return objects_.Find(key.Word(), key.Number()); }
 
   // False, and nothing done, when the key is in use.
-  bool Insert(const T& object) {
-    return refs_.insert(Ref{&object})->keyed == &object;  // else the one that was there
+  bool Insert(T& object) {
+    const Keyed& keyed = object;
+    return objects_.Insert(keyed.key.Word(), keyed.key.Number(), object);
   }
-  void Remove(const T& object) { refs_.remove(Ref{&object}); }
-  void Clear() { refs_.clear(); }
+  void Remove(const T& object) {
+    const Keyed& keyed = object;
+    objects_.Remove(keyed.key.Word(), keyed.key.Number());
+  }
+  void Clear() { objects_.Clear(); }
 
  private:
-  struct Ref {
-    const Keyed* keyed;
-    friend bool operator==(Ref a, Ref b) noexcept { return a.keyed->key == b.keyed->key; }
-    friend size_t qHash(Ref ref, size_t seed = 0) noexcept { return qHash(ref.keyed->key, seed); }
-  };
-
-  QSet<Ref> refs_;
+  PairIndex<T> objects_;
 };

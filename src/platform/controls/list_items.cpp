@@ -22,9 +22,9 @@ int EstimatedWidth(const QString& text) {
 
 ListItems::~ListItems() = default;
 
-ListItem& ListItems::Add(const QString& key, const QString& text, int icon, int smallIcon) {
+ListItem& ListItems::Add(CompactText key, const QString& text, int icon, int smallIcon) {
   ListItem& item = items_.emplace_back();
-  item.key = CompactText(key);
+  item.key = key;
   if (!index_.Insert(item)) {
     items_.pop_back();
     throw Error(QStringLiteral("集合中的关键字不唯一"));
@@ -49,7 +49,7 @@ const ListItem& ListItems::Item(int index) const {
   return items_[index - 1];
 }
 
-const ListItem& ListItems::Item(const QString& key) const {
+const ListItem& ListItems::Item(CompactText key) const {
   const ListItem* item = index_.Find(key);
   if (item == nullptr) throw Error(QStringLiteral("找不到元素"));
   return *item;

@@ -6,6 +6,7 @@
 #include "mouse.h"
 #include "twips.h"
 
+#include <QChildEvent>
 #include <QFrame>
 #include <QMouseEvent>
 #include <QPainter>
@@ -134,4 +135,14 @@ void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
 void PictureBox::leaveEvent(QEvent* event) {
   QWidget::leaveEvent(event);
   Q_EMIT MouseLeave();
+}
+
+void PictureBox::childEvent(QChildEvent* event) {
+  QWidget::childEvent(event);
+  if (event->added()) event->child()->installEventFilter(this);
+}
+
+bool PictureBox::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Enter) Q_EMIT MouseLeave();
+  return QWidget::eventFilter(watched, event);
 }

@@ -37,6 +37,7 @@ class PictureBox : public QWidget {
   void MouseDown(int button, int shift, float x, float y);
   void MouseMove(int buttons, int shift, float x, float y);
   void MouseUp(int button, int shift, float x, float y);
+  // The pointer went elsewhere, be it to a control on the pane.
   void MouseLeave();
   void Click();
 
@@ -52,6 +53,8 @@ class PictureBox : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void childEvent(QChildEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void ColorBorder();

@@ -15,15 +15,15 @@ TreeNodes::~TreeNodes() {
   for (std::unique_ptr<Node>& node : *top_.children_) Forget(std::move(node));
 }
 
-Node& TreeNodes::Add(const QString& relative, Relationship /*relationship*/, const QString& key,
-                     const QString& text, int image) {
-  Node* parent = relative.isEmpty() ? &top_ : index_.Find(relative);
+Node& TreeNodes::Add(CompactText relative, Relationship /*relationship*/, CompactText key,
+                     QString text, int image) {
+  Node* parent = relative.IsEmpty() ? &top_ : index_.Find(relative);
   if (parent == nullptr) throw Error(QStringLiteral("找不到元素"));
   std::unique_ptr<Node> node(new Node);
-  node->key = CompactText(key);
+  node->key = key;
   if (!index_.Insert(*node)) throw Error(QStringLiteral("集合中的关键字不唯一"));
   node->parent_ = parent;
-  node->text_ = text;
+  node->text_ = std::move(text);
   node->row_ = parent->Children();
   node->image_ = static_cast<qint16>(image);
   if (!parent->children_) {
@@ -35,13 +35,13 @@ Node& TreeNodes::Add(const QString& relative, Relationship /*relationship*/, con
   return added;
 }
 
-Node& TreeNodes::Item(const QString& key) const {
+Node& TreeNodes::Item(CompactText key) const {
   Node* node = index_.Find(key);
   if (node == nullptr) throw Error(QStringLiteral("找不到元素"));
   return *node;
 }
 
-void TreeNodes::Remove(const QString& key) {
+void TreeNodes::Remove(CompactText key) {
   Node& node = Item(key);
   Node* parent = node.parent_;
   auto& siblings = *parent->children_;

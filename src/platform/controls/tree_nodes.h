@@ -5,6 +5,7 @@
 
 #include "image_list.h"
 #include "key_index.h"
+#include "pooled.h"
 
 #include <QAbstractItemModel>
 #include <QString>
@@ -15,11 +16,11 @@
 class TreeNodes;
 
 // A node of a tree view, owned by its parent. It stays where it is in memory until it is removed.
-class Node : private Keyed {
+class Node : private Keyed, public Pooled<Node> {
  public:
   QString Key() const { return key.ToString(); }
   QString Tag() const { return tag_.ToString(); }
-  void SetTag(const QString& tag) { tag_ = CompactText(tag); }
+  void SetTag(CompactText tag) { tag_ = tag; }
   const QString& Text() const { return text_; }
   // The number of the node's picture in the view's image list.
   int Image() const { return image_; }
@@ -67,17 +68,17 @@ class TreeNodes : public QAbstractItemModel {
 
   // Adds a node as the last child of the node keyed `relative`, or as the last top-level node when
   // that is empty. An Error when there is no such node or the key is in use; then nothing is added.
-  Node& Add(const QString& relative, Relationship relationship, const QString& key,
-            const QString& text, int image);
+  Node& Add(CompactText relative, Relationship relationship, CompactText key, QString text,
+            int image);
 
   // An Error when there is none.
-  Node& Item(const QString& key) const;
+  Node& Item(CompactText key) const;
 
   // Null when there is none.
-  Node* Find(const QString& key) const { return index_.Find(key); }
+  Node* Find(CompactText key) const { return index_.Find(key); }
 
   // Removes the node with its whole subtree. An Error when there is none.
-  void Remove(const QString& key);
+  void Remove(CompactText key);
 
   void SetText(Node& node, const QString& text);
 

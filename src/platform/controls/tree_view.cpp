@@ -189,6 +189,12 @@ void TreeView::EndLabelEdit(LabelEditor::Ending ending) {
 
   qint16 cancel = 0;
   Q_EMIT AfterLabelEdit(cancel, text);
+  // A press that took the focus away from a text that is refused has done its work, also when the
+  // editor opens again only after the window has come back to the front.
+  if (cancel != 0 && ending == LabelEditor::Ending::kLeft) {
+    ignorePress_ = true;
+    QTimer::singleShot(0, this, [this] { ignorePress_ = false; });
+  }
   Node* node = nodes_.Find(key);
   if (cancel == 0 && node != nullptr) {
     nodes_.SetText(*node, text);
@@ -266,9 +272,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
   const bool hadFocus = !std::exchange(focusCameWithPress_, false);
   editTimer_.stop();
   clickedLabel_ = nullptr;
-  // The press took the focus from an editor, whose text was refused: it is open again, and the
-  // press has done its work.
-  if (IsEditing()) return;
+  if (std::exchange(ignorePress_, false)) return;
 
   const QPoint position = event->position().toPoint();
   Q_EMIT MouseDown(MouseButton(event->button()), ShiftState(event->modifiers()),

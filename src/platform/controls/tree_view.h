@@ -126,5 +126,7 @@ class TreeView : public QTreeView {
   int widest_ = 0;
   QPoint pressedAt_;
   bool focusCameWithPress_ = false;
+  // The press being delivered has ended an editing whose text was refused.
+  bool ignorePress_ = false;
   QTimer editTimer_;
 };

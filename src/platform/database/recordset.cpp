@@ -194,22 +194,25 @@ void Recordset::Find(const QString& criterion) {
   impl_->current = impl_->findIndex.Find(impl_->rows, column, impl_->current, wanted.text);
 }
 
-qint32 Recordset::FieldInteger(const char* name) const {
+size_t Recordset::ColumnOf(const char* name) const {
+  impl_->RequireOpen();
+  return impl_->rows.ColumnOf(name);
+}
+
+qint32 Recordset::FieldInteger(size_t column) const {
   impl_->RequireCurrentRow();
-  const size_t column = impl_->rows.ColumnOf(name);
   if (!impl_->unasked.empty()) impl_->Ask(column);
   const qint64 number = IntegerAt(impl_->rows, column, impl_->current);
   if (number < std::numeric_limits<qint32>::min() || number > std::numeric_limits<qint32>::max()) {
     throw DatabaseError(QStringLiteral("字段“%1”的值 %2 超出 32 位整数的范围。")
-                            .arg(QString::fromUtf8(name))
+                            .arg(QString::fromUtf8(impl_->rows.ColumnName(column)))
                             .arg(number));
   }
   return static_cast<qint32>(number);
 }
 
-QString Recordset::FieldText(const char* name) const {
+QString Recordset::FieldText(size_t column) const {
   impl_->RequireCurrentRow();
-  const size_t column = impl_->rows.ColumnOf(name);
   if (impl_->rows.IsText(column)) return impl_->rows.Text(column, impl_->current).toString();
   if (!impl_->unasked.empty()) impl_->Ask(column);
   return QString::number(impl_->rows.Number(column, impl_->current));

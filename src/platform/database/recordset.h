@@ -63,8 +63,13 @@ class Recordset {
 
   // The current row's value in the column `name`, whose case does not count. A NULL reads as 0 or
   // as the empty text. FieldInteger fails when the value is no 32-bit integer.
-  qint32 FieldInteger(const char* name) const;
-  QString FieldText(const char* name) const;
+  qint32 FieldInteger(const char* name) const { return FieldInteger(ColumnOf(name)); }
+  QString FieldText(const char* name) const { return FieldText(ColumnOf(name)); }
+
+  // The same by the column's place, for whoever reads many rows.
+  size_t ColumnOf(const char* name) const;
+  qint32 FieldInteger(size_t column) const;
+  QString FieldText(size_t column) const;
 
   // AddNew begins a row, SetField fills it in, Update stores it; in between there is no current
   // row. The new row is then the record set's last and current row. A number that was not set reads

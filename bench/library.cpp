@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "library.h"
+
+#include "recordset.h"
+#include "statements.h"
+
+Library::Library() {
+  connection_.SetConnectionString(QStringLiteral("DSN=HCWordLib"));
+  connection_.Open();
+  Recordset categories;
+  categories.Open(Statement::SelectCategories(), connection_);
+  categories_ = categories.RecordCount();
+}
+
+qint32 Library::AddCategory(const QString& name, qint32 words,
+                            const std::function<Word(qint32 id)>& wordOf) {
+  constexpr qint32 kWordsPerStatement = 500;
+  ++categories_;
+  connection_.BeginTransaction();
+  connection_.Execute(QStringLiteral("insert into Dictionary (GID,SortName,Position) "
+                                     "values (%1,'%2',%1)")
+                          .arg(categories_)
+                          .arg(name));
+  QString values;
+  for (qint32 id = 1; id <= words; ++id) {
+    const Word word = wordOf(id);
+    values += QStringLiteral("%1(%2,%3,%4,'%5')")
+                  .arg(values.isEmpty() ? QLatin1String("") : QLatin1String(","))
+                  .arg(categories_)
+                  .arg(id)
+                  .arg(word.fatherId)
+                  .arg(word.name);
+    if (id % kWordsPerStatement != 0 && id != words) continue;
+    connection_.Execute(QStringLiteral("insert into Items (SortID,ID,FatherID,NodeName) values ") +
+                        values);
+    values.clear();
+  }
+  connection_.CommitTransaction();
+  return categories_;
+}
+
+QString Library::RandomName() {
+  constexpr unsigned kFirstCharacter = 0x4E00;
+  constexpr unsigned kCharacters = 20902;
+  QString name(static_cast<qsizetype>(4 + random_() % 7), Qt::Uninitialized);
+  for (QChar& c : name) c = QChar(static_cast<char16_t>(kFirstCharacter + random_() % kCharacters));
+  return name;
+}

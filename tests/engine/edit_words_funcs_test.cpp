@@ -1,0 +1,172 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "edit_words_funcs.h"
+
+#include "engines.h"
+#include "entry_scheme.h"
+#include "error.h"
+#include "recordset.h"
+#include "statements.h"
+#include "tree_view.h"
+#include "word_tree.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// An empty library and a tree that holds the root.
+class EditWordsFuncsTest : public EngineTest {
+ protected:
+  void SetUp() override {
+    EngineTest::SetUp();
+    tree_.SetSelectedItem(
+        tree_.Nodes().Add(QString(), Relationship::kChild, kRootKey, kAppTitle, kRootImage));
+  }
+
+  void StoreCategories(const QString& rows) {
+    connection_.Execute(QStringLiteral("insert into Dictionary (GID,Position,SortName) values ") +
+                        rows);
+  }
+  void StoreWords(const QString& rows) {
+    connection_.Execute(QStringLiteral("insert into Items (SortID,ID,FatherID,NodeName) values ") +
+                        rows);
+  }
+
+  // A line for each node that was loaded, indented by its level: the number in its key, its text,
+  // its record's identifiers.
+  std::string Load() {
+    Recordset categories;
+    categories.Open(Statement::SelectCategories(), connection_, CursorType::kKeyset,
+                    LockType::kUnspecified);
+    EXPECT_EQ(funcs_.OpenAddNodes(tree_, categories), categories.RecordCount() > 0);
+    return Below(tree_.Nodes().Item(kRootKey), 0);
+  }
+  std::string Below(const Node& parent, int level) {
+    std::string text;
+    for (const Node* node = parent.Child(); node != nullptr; node = node->Next()) {
+      const QString key = node->Key();
+      QString line = QString(level * 2, u' ') + key.mid(7) + u' ' +
+                     (node->Text().size() > 20 ? QStringLiteral("long") : node->Text());
+      if (level == 0) {
+        const DictPrpty& record = wordTree_.colDictPrptys().Item(key);
+        EXPECT_EQ(record.NodeName(), node->Text());
+        line += QStringLiteral(" %1 at %2\n").arg(record.DicID()).arg(record.Position());
+      } else {
+        const TreePrpty& record = wordTree_.colTreePrptys().Item(key);
+        EXPECT_EQ(record.NodeName(), node->Text());
+        EXPECT_EQ(record.FatherKey(), parent.Key());
+        line += QStringLiteral(" %1 %2 %3\n")
+                    .arg(record.DicID())
+                    .arg(record.ID())
+                    .arg(record.FatherID());
+      }
+      text += line.toStdString() + Below(*node, level + 1);
+    }
+    return text;
+  }
+
+  WordTree wordTree_;
+  TreeView tree_;
+  EditWordsFuncs funcs_{connection_, wordTree_};
+};
+
+INSTANTIATE_ON_ENGINES(EditWordsFuncsTest);
+
+TEST_P(EditWordsFuncsTest, LoadsCategoriesAndWordsInTheOrderOfTheirRows) {
+  EXPECT_EQ(Load(), "");
+  StoreCategories(QStringLiteral("(7,2,'车削'),(8,1,'空类'),(9,5,'铣削')"));
+  StoreWords(
+      QStringLiteral("(7,1,0,'A'),(7,2,1,'B'),(7,3,0,'C'),(7,10,2,'D'),(7,11,1,'E'),"
+                     "(9,1,0,'A'),(9,2,1,'B')"));
+  EXPECT_EQ(Load(), R"(0 车削 7 at 2
+  1 A 7 1 0
+    2 B 7 2 1
+      4 D 7 10 2
+    5 E 7 11 1
+  3 C 7 3 0
+6 空类 8 at 1
+7 铣削 9 at 5
+  8 A 9 1 0
+    9 B 9 2 1
+)");
+  EXPECT_TRUE(funcs_.SkippedWords().isEmpty());
+}
+
+TEST_P(EditWordsFuncsTest, LoadsWhatItCanOfOddRows) {
+  const QString longName(std::string(GetParam().name) == "sqlite" ? 100'000 : 255, u'长');
+  StoreCategories(
+      QStringLiteral("(-5,-1,''),(7,2147483647,'%1'),(2147483647,-2147483648,' ''a\"\\%_;--')")
+          .arg(longName));
+  StoreWords(QStringLiteral("(-5,-2147483648,0,''),(-5,-3,-2147483648,'%1'),(-5,4,-3,'𠮷'),"
+                            "(7,1,0,'A'),(7,2,99,'no parent'),(7,3,5,'parent comes later'),"
+                            "(7,4,4,'its own parent'),(7,5,2,'below a skipped one'),(7,6,1,'B'),"
+                            "(7,7,-3,'another category''s'),(8,20,0,'of no category'),"
+                            "(2147483647,20,0,'A')")
+                 .arg(longName));
+  EXPECT_EQ(Load(), R"(0  -5 at -1
+  1  -5 -2147483648 0
+    2 long -5 -3 -2147483648
+      3 𠮷 -5 4 -3
+4 long 7 at 2147483647
+  5 A 7 1 0
+    6 B 7 6 1
+7  'a"\%_;-- 2147483647 at -2147483648
+  8 A 2147483647 20 0
+)");
+  QString skipped;
+  for (const auto& word : funcs_.SkippedWords()) {
+    skipped += QStringLiteral("%1 %2 %3, ").arg(word.DictID).arg(word.ID).arg(word.FatherID);
+  }
+  EXPECT_EQ(skipped.toStdString(), "7 2 99, 7 3 5, 7 4 4, 7 5 2, 7 7 -3, ");
+  EXPECT_EQ(wordTree_.colTreePrptys().Count(), 6);
+}
+
+TEST_P(EditWordsFuncsTest, FindsTheFirstFreeDefaultName) {
+  const auto named = [](const char* base, int number) {
+    return QString::fromUtf8(base) + (number == 0 ? QString() : QString::number(number));
+  };
+  // The numbers behind the names that exist, 0 for none, and that of the name that is found.
+  const std::pair<std::vector<int>, int> cases[] = {
+      {{}, 0},     {{2}, 0},    {{1}, 0},    {{0}, 2},
+      {{0, 1}, 2}, {{0, 2}, 3}, {{0, 3}, 2}, {{5, 4, 3, 2, 0}, 6},
+  };
+  for (const auto& [taken, free] : cases) {
+    MakeEmptyLibrary(GetParam(), connection_);
+    StoreWords(QStringLiteral("(8,1,0,'新加词'),(8,2,0,'新加词2')"));
+    int id = 0;
+    for (const int number : taken) {
+      ++id;
+      StoreCategories(QStringLiteral("(%1,%1,'%2')").arg(id).arg(named("新建条目", number)));
+      const QString word = QStringLiteral("(7,%1,%2,'%3')").arg(id).arg(id - 1);  // nested
+      StoreWords(word.arg(named("新加词", number)));
+    }
+    EXPECT_EQ(funcs_.TreeDictNewName(), named("新建条目", free));
+    EXPECT_EQ(funcs_.TreeWordNewName(7), named("新加词", free));
+    EXPECT_EQ(funcs_.TreeWordNewName(9), named("新加词", 0));
+  }
+}
+
+TEST_P(EditWordsFuncsTest, AddNodeSelectsAndShowsOnlyWhenAskedTo) {
+  tree_.show();
+  const auto add = [this](const QString& parent, qint32 visible) {
+    return funcs_.AddNode(tree_, parent, QString(), kWordImage, kWordTag, visible);
+  };
+  const QString first = add(kRootKey, 0);
+  const QString second = add(first, 2);
+  EXPECT_EQ((first + second).toStdString(), "TheItem0TheItem1");
+  EXPECT_EQ(tree_.SelectedItem()->Key(), kRootKey);
+  EXPECT_FALSE(tree_.Expanded(tree_.Nodes().Item(kRootKey)));
+  const QString third = add(second, 1);
+  EXPECT_EQ(tree_.SelectedItem()->Key(), third);
+  EXPECT_TRUE(tree_.viewport()->rect().contains(tree_.ItemRect(*tree_.SelectedItem()).center()));
+  // A failure uses its number up and adds nothing.
+  EXPECT_THROW(add(QStringLiteral("TheItem99"), 1), Error);
+  EXPECT_EQ(tree_.SelectedItem()->Key(), third);
+  EXPECT_EQ(add(second, 0), QStringLiteral("TheItem4"));
+  EXPECT_EQ(tree_.SelectedItem()->Next()->Key(), QStringLiteral("TheItem4"));
+}
+
+}  // namespace

@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "keyed_collections.h"
+
+#include "word_tree.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+QString Key(int number) {
+  return QStringLiteral("TheItem%1").arg(number);
+}
+
+void AddWord(TreePrptys& words, qint32 dicId, qint32 id, int key) {
+  words.Add(dicId, id, 0, QStringLiteral("词%1").arg(key), Key(key), QString(), Key(0), Key(key));
+}
+
+// The numbers in the records' keys, in their order.
+template <class Collection>
+std::string Keys(const Collection& collection) {
+  QString keys;
+  for (qint32 i = 1; i <= collection.Count(); ++i)
+    keys += collection.Item(i).NodeKey().ToString().mid(7);
+  return keys.toStdString();
+}
+
+// The number in the word's node key, "" when there is no such word.
+std::string FatherKey(const TreePrptys& words, qint32 dicId, qint32 id) {
+  CompactText key(QStringLiteral("unchanged"));
+  if (words.GetFatherKey(dicId, id, key)) return key.ToString().mid(7).toStdString();
+  EXPECT_EQ(key, CompactText(QStringLiteral("unchanged")));
+  return "";
+}
+
+TEST(KeyedCollections, FindsByKeyAndPositionAndAFailureChangesNothing) {
+  TreePrptys words;
+  for (int i = 1; i <= 5; ++i) AddWord(words, 7, i, i);
+  words.Add(7, 6, 0, QString(), Key(6), QString(), Key(0));  // without a key
+  EXPECT_THROW(words.Add(8, 9, 0, QString(), Key(7), QString(), Key(0), Key(2)), Error);
+  for (const QString& missing : {Key(6), QStringLiteral("theitem1"), QString()}) {
+    EXPECT_THROW(words.Item(missing), Error);
+    EXPECT_THROW(words.Remove(missing), Error);
+    EXPECT_THROW(words.Rename(missing, QString()), Error);
+  }
+  for (const qint32 missing : {-1, 0, 7}) {
+    EXPECT_THROW(words.Item(missing), Error);
+    EXPECT_THROW(words.Remove(missing), Error);
+  }
+  EXPECT_EQ(Keys(words), "123456");
+  EXPECT_EQ(FatherKey(words, 8, 9), "");
+
+  const TreePrpty& third = words.Item(Key(3));
+  words.Remove(Key(1));
+  words.Remove(5);
+  words.Remove(Key(4));
+  EXPECT_EQ(Keys(words), "235");
+  EXPECT_EQ(&words.Item(2), &third);
+  AddWord(words, 7, 4, 4);  // the key is free again; a new record goes to the end
+  words.Remove(1);
+  EXPECT_TRUE(words.Rename(Key(5), QString()));
+  EXPECT_EQ(words.Item(Key(5)).NodeName(), QString());
+  EXPECT_EQ(words.Item(Key(4)).NodeName(), QStringLiteral("词4"));
+  EXPECT_EQ(Keys(words), "354");
+
+  ListPrptys items;
+  for (int round = 0; round < 2; ++round) {
+    items.Clear();
+    for (int i = 0; i < 3; ++i) {
+      items.Add(7, 0, QString(), i, Key(i), QString(), QString(), Key(i));
+    }
+    EXPECT_EQ(Keys(items), "012");
+  }
+}
+
+TEST(KeyedCollections, GetFatherKeyAnswersWithTheFirstRecordAdded) {
+  TreePrptys words;
+  AddWord(words, 7, 1, 1);
+  AddWord(words, 8, 1, 2);  // another category's
+  AddWord(words, 7, 1, 3);
+  AddWord(words, -7, -1, 4);
+  AddWord(words, 7, 1, 5);
+  EXPECT_EQ(FatherKey(words, 8, 1), "2");
+  EXPECT_EQ(FatherKey(words, -7, -1), "4");
+  EXPECT_EQ(FatherKey(words, 7, -1), "");
+  const std::pair<int, const char*> removals[] = {{3, "1"}, {1, "5"}, {5, ""}};
+  for (const auto& [removed, first] : removals) {
+    words.Remove(Key(removed));
+    EXPECT_EQ(FatherKey(words, 7, 1), first);
+  }
+}
+
+TEST(WordTree, CreatesItsMembersOnceAndTakesOthers) {
+  WordTree tree;
+  EXPECT_EQ(&tree.DictPrpty(), &tree.DictPrpty());
+  EXPECT_EQ(&tree.ListPrpty(), &tree.ListPrpty());
+  EXPECT_EQ(&tree.TreePrpty(), &tree.TreePrpty());
+  AddWord(tree.colTreePrptys(), 7, 1, 1);
+  EXPECT_EQ(Keys(tree.colTreePrptys()), "1");
+  EXPECT_EQ(tree.colListPrptys().Count() + tree.colDictPrptys().Count(), 0);
+  auto others = std::make_unique<TreePrptys>();
+  AddWord(*others, 8, 2, 2);
+  tree.SetcolTreePrptys(std::move(others));
+  EXPECT_EQ(Keys(tree.colTreePrptys()), "2");
+}
+
+}  // namespace

@@ -1,0 +1,239 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "main_window.h"
+
+#include "rows.h"
+#include "shared_objects.h"
+
+#include <QApplication>
+#include <QToolButton>
+
+namespace {
+
+const std::string kTaken = "HCWordLib|有相同名称的分类词。|information|确定\n";
+const std::string kTakenCategory = "HCWordLib|有相同名称的分类条目。|information|确定\n";
+const std::string kEmpty = "HCWordLib|分类词不能为空字符。|information|确定\n";
+const std::string kEmptyCategory = "HCWordLib|分类条目不能为空字符。|information|确定\n";
+const std::string kConfirm = "HCWordLib|确定要删除选中的内容？|none|是|否\n";
+
+// The places that each command is started from.
+constexpr const char* kPlaces[] = {"mnuEdit", "mnuPop", "tool bar"};
+
+class EditingTest : public MainWindowTest {
+ protected:
+  void NewItem(const char* place) { Run(place, "NewItem", "新条目"); }
+  void NewWord(const char* place) { Run(place, "NewWord", "新词"); }
+  void Delete(const char* place) { Run(place, "Delete", "删除"); }
+  void Rename(const char* place = "mnuEdit") { Run(place, "Rename", "重命名"); }
+  // Deletes the node, which is confirmed.
+  void Delete(const char* path, const char* place) {
+    Select(path);
+    AnswerNext("是");
+    Delete(place);
+    EXPECT_EQ(Messages(), kConfirm);
+  }
+
+ private:
+  void Run(const char* place, const char* command, const char* button) {
+    if (place == kPlaces[2]) {
+      PressButton(button);
+    } else {
+      Choose(std::string(place) + command);
+    }
+  }
+};
+
+TEST_F(EditingTest, ANewCategoryIsStoredUnderAFreeNameAndNamedInPlace) {
+  Click("车削");
+  std::string name = "新建条目";
+  for (const char* place : kPlaces) {
+    NewItem(place);
+    EXPECT_EQ(SelectedText(), name);
+    EXPECT_EQ(Selected(), name);
+    EXPECT_EQ(At(name).Next(), nullptr);
+    Audit();  // it is stored before it is named
+    name = name == "新建条目" ? "新建条目2" : "新建条目3";
+  }
+  EXPECT_EQ(Panel() + List(), "分类条目粗车 精车");
+  Type("新建条目3");  // its own default name is stored already
+  EXPECT_EQ(Messages(), kTakenCategory);
+  Type("钻削");
+  EXPECT_EQ(Categories(TheConn()),
+            "7|车削|1\n9|热处理|2\n12|空类|4\n"
+            "13|新建条目|5\n14|新建条目2|6\n15|钻削|7\n");
+  Audit();
+  EXPECT_EQ(Messages(), "");
+}
+
+TEST_F(EditingTest, ANewWordHangsUnderTheSelectedNode) {
+  Click("");
+  std::string path = "空类";
+  for (const char* place : kPlaces) {
+    Select("");
+    NewWord(place);
+    EXPECT_FALSE(tvTreeView->IsEditing());
+    Select(path.c_str());
+    NewWord(place);
+    path += "/新加词";
+    EXPECT_EQ(SelectedText(), "新加词");
+    EXPECT_EQ(Selected(), path);
+    Type(place);
+    path.replace(path.size() - strlen("新加词"), std::string::npos, place);
+    EXPECT_EQ(Selected(), path);
+    Audit();
+  }
+  Select("空类");
+  NewWord("mnuPop");
+  Type("另一个");
+  EXPECT_EQ(Tree(At("空类")), "mnuEdit(mnuPop(tool bar)) 另一个");
+  EXPECT_EQ(Panel() + List(), "衡川词句库车削 热处理 空类");
+  Audit();
+}
+
+TEST_F(EditingTest, ANameIsRefusedAsOftenAsItTakes) {
+  const std::string before = Words(TheConn());
+  Click("");
+  Select("热处理/粗车");
+  Rename();
+  const std::pair<const char*, std::string> refused[] = {
+      {"淬火", kTaken}, {"", kEmpty}, {"", kEmpty}, {"粗车", kTaken}, {"淬火", kTaken}};
+  for (const auto& [name, message] : refused) {
+    Type(name);
+    EXPECT_EQ(Messages(), message);
+    EXPECT_EQ(SelectedText(), "粗车");
+    EXPECT_EQ(Selected(), "热处理/粗车");
+    EXPECT_EQ(Words(TheConn()), before);
+  }
+  Type("粗车端面");  // another category has it
+  Audit();
+  Select("车削/粗车/粗车外圆");
+  Rename();
+  Type("精车");  // of its category, on another level
+  EXPECT_EQ(Messages(), kTaken);
+  Type("粗车外圆", Qt::Key_Escape);
+
+  Select("车削");
+  Rename();
+  Type("热处理");
+  Type("");
+  EXPECT_EQ(Messages(), kTakenCategory + kEmptyCategory);
+  for (const char* name : {"O'Brien \"%_\\;--𠮷", "  "}) {  // blanks are not empty
+    Type(name);
+    EXPECT_EQ(Selected(), name);
+    EXPECT_EQ(List(), "车削 热处理 空类");  // until it is filled again
+    Audit();
+    Rename();
+  }
+  Type("x", Qt::Key_Escape);
+  Select("");
+  for (const char* place : kPlaces) Rename(place);
+  EXPECT_FALSE(tvTreeView->IsEditing());
+  EXPECT_EQ(Messages(), "");
+  Audit();
+}
+
+// Wherever the user goes, the editor of a refused name comes back.
+TEST_F(EditingTest, ARefusedNameIsNotLeft) {
+  const std::function<void()> ways[] = {
+      [this] { lvListView->setFocus(); },
+      [this] {
+        QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {},
+                          lvListView->viewport()->mapTo(window_.get(), QPoint(50, 50)));
+      },
+      [this] { Click("热处理"); },
+      [this] { Click("热处理", Qt::RightButton); },
+  };
+  for (const auto& way : ways) {
+    for (const char* name : {"粗车", ""}) {
+      Select("车削/精车");
+      Rename();
+      Type(name, 0);
+      way();
+      EXPECT_EQ(Messages(), *name == '\0' ? kEmpty : kTaken);
+      EXPECT_EQ(SelectedText(), "精车");
+      EXPECT_EQ(Selected(), "车削/精车");
+      tvTreeView->CancelLabelEdit();
+      if (QWidget* popUp = QApplication::activePopupWidget()) popUp->close();
+    }
+  }
+  Audit();
+}
+
+TEST_F(EditingTest, DeletesOnlyWhenConfirmed) {
+  const std::string tree = Tree();
+  for (const char* place : kPlaces) {
+    Select("");
+    Delete(place);
+    EXPECT_EQ(Messages(), "");
+    Select("车削/粗车");
+    Delete(place);
+    AnswerNext("否");
+    Delete(place);
+    EXPECT_EQ(Messages(), kConfirm + kConfirm);
+    EXPECT_EQ(Tree(), tree);
+    Audit();
+  }
+  Delete("车削/粗车/粗车外圆", kPlaces[0]);
+  EXPECT_EQ(Tree(), "车削(粗车(粗车端面) 精车) 热处理(淬火 粗车) 空类");
+  Audit();
+  Delete("热处理", kPlaces[1]);
+  EXPECT_EQ(Tree(), "车削(粗车(粗车端面) 精车) 空类");
+  Audit();
+
+  const QToolButton* button = Find<QToolButton>("删除");
+  for (const char* answer : {"否", "是"}) {
+    bool enabled = true;
+    Select("空类");
+    AnswerNext(answer, [&] { enabled = button->isEnabled(); });
+    Delete(kPlaces[2]);
+    EXPECT_FALSE(enabled);
+    EXPECT_TRUE(button->isEnabled());
+  }
+  EXPECT_EQ(Selected(), "车削");
+}
+
+TEST_F(EditingTest, ClearsTheListWhenItShowsWhatHungBelow) {
+  const struct {
+    const char* shown;
+    const char* deleted;
+    const char* list;
+  } cases[] = {
+      {"车削", "车削", ""},
+      {"车削/粗车", "车削", "粗车外圆 粗车端面"},
+      {"", "车削", "车削 热处理 空类"},
+      {"车削", "热处理", "粗车 精车"},
+      {"", "空类", "车削 热处理 空类"},
+      {"车削", "车削/粗车", "粗车 精车"},
+      {"车削/粗车", "车削/粗车", ""},
+      {"车削/粗车/粗车外圆", "车削/粗车", "粗车外圆至φ50"},
+      {"车削/粗车", "车削/粗车/粗车端面", "粗车外圆 粗车端面"},
+  };
+  for (const auto& [shown, deleted, list] : cases) {
+    SCOPED_TRACE(std::string(shown) + ", " + deleted);
+    OpenWindow();
+    Click(shown);
+    Delete(deleted, "mnuPop");
+    EXPECT_EQ(List(), list);
+    Audit();
+  }
+}
+
+// What is typed and not confirmed is never stored.
+TEST_F(EditingTest, ACommandOrTheCloseBoxDropsAHalfTypedName) {
+  const std::string before = Words(TheConn());
+  for (const char* command : {"mnuEditDelete", "mnuEditRename", "mnuViewToolbar"}) {
+    Select("车削/精车");
+    Rename();
+    Type("半精车", 0);
+    Choose(command);
+    EXPECT_EQ(Words(TheConn()), before) << command;
+  }
+  NewWord("tool bar");
+  Type("精车外圆", 0);
+  OpenWindow(false);
+  EXPECT_EQ(Tree(At("车削/精车")), "新加词");
+  Audit();
+}
+
+}  // namespace

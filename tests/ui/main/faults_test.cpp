@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "main_window.h"
+
+#include "fault_injection.h"
+#include "rows.h"
+#include "shared_objects.h"
+
+#include <QFile>
+#include <QToolButton>
+
+#include <cstdlib>
+
+namespace {
+
+const std::string kWhole =
+    "车削(粗车(粗车外圆(粗车外圆至φ50) 粗车端面) 精车) 热处理(淬火 粗车) 空类";
+constexpr int kInconsistent = 2;
+constexpr int kStored = 3;
+
+class FaultsTest : public MainWindowTest {
+ protected:
+  // Runs the tool bar's command on the node of a fresh library, which was clicked, with its n-th
+  // database step failing. False when the command has fewer.
+  bool RunWithFault(const char* button, const char* path, int n) {
+    OpenWindow();
+    Click(path);
+    AnswerNext("是");
+    FailDatabaseStep(n);
+    PressButton(button);
+    const bool failed = !IsDatabaseFaultPending();
+    FailDatabaseStep(0);
+    EXPECT_TRUE(Find<QToolButton>(button)->isEnabled());
+    return failed;
+  }
+  // For a child process: does the work over a fresh library, audits and ends with `status`.
+  template <class Work>
+  void RunAndExit(Work work) {
+    OpenWindow();
+    const int status = work();
+    Audit();
+    std::_Exit(HasFailure() ? kInconsistent : status);
+  }
+  // The next start finds everything in order.
+  void ExpectNextStart(const std::string& tree) {
+    OpenWindow(false);
+    EXPECT_EQ(Tree(), tree);
+    Audit();
+    CloseWindow();
+  }
+};
+
+TEST_F(FaultsTest, ANewWordThatIsNotStoredIsNotShown) {
+  int n = 1;
+  for (; RunWithFault("新词", "车削", n); ++n) {
+    EXPECT_EQ(Tree(), kWhole);
+    EXPECT_EQ(Selected(), "车削");
+    EXPECT_FALSE(tvTreeView->IsEditing());
+    Audit();
+    PressButton("新词");  // works again
+    EXPECT_EQ(Selected(), "车削/新加词");
+    Audit();
+  }
+  EXPECT_EQ(n, 4);  // the search for a name, the number and the row can fail
+}
+
+TEST_F(FaultsTest, ADeletedBranchGoesAsFarAsItsRowsWent) {
+  const std::string gone = "车削(精车) 热处理(淬火 粗车) 空类";
+  for (int n = 1; n <= 5; ++n) {
+    EXPECT_EQ(RunWithFault("删除", "车削/粗车", n), n <= 4);
+    EXPECT_EQ(Tree(), n == 1 ? kWhole : gone);
+    EXPECT_EQ(List(), n == 1 ? "粗车外圆 粗车端面" : "");
+    Audit(n == 1 || n == 5 ? Orphans::kNone : Orphans::kAllowed);
+  }
+  for (int n = 1; n <= 3; ++n) {
+    EXPECT_EQ(RunWithFault("删除", "车削", n), n <= 2);
+    EXPECT_EQ(Tree(), n == 1 ? kWhole : "热处理(淬火 粗车) 空类");
+    EXPECT_EQ(List(), n == 1 ? "粗车 精车" : "");
+    Audit(n == 2 ? Orphans::kAllowed : Orphans::kNone);
+  }
+}
+
+// Where no identifier can be drawn the program ends; any other failure leaves it without the node.
+TEST_F(FaultsTest, ANewCategoryIsStoredAndShownOrNeither) {
+  std::string endings;
+  for (int status = 0, n = 1; status != kStored && n < 20; ++n) {
+    CloseWindow();  // the child inherits no connection
+    const auto ended = [&status](int code) {
+      status = WEXITSTATUS(code);
+      return WIFEXITED(code) && status != kInconsistent;
+    };
+    const auto create = [this, n] {
+      FailDatabaseStep(n);
+      PressButton("新条目");
+      const bool failed = !IsDatabaseFaultPending();
+      FailDatabaseStep(0);
+      if (!failed) return kStored;
+      EXPECT_EQ(Tree() + Selected(), kWhole);
+      return 0;
+    };
+    EXPECT_EXIT(RunAndExit(create), ended, "");
+    endings += std::to_string(status);
+    ExpectNextStart(status == kStored ? kWhole + " 新建条目" : kWhole);
+  }
+  EXPECT_EQ(endings, "0111003");
+}
+
+TEST_F(FaultsTest, WhatNothingCatchesIsReportedAndEndsTheProgram) {
+  for (const int n : {1, 2}) {  // the search for the name, its update
+    CloseWindow();
+    const auto rename = [this, n] {
+      Select("车削/精车");
+      Choose("mnuEditRename");
+      FailDatabaseStep(n);
+      Type("半精车");
+      return 0;
+    };
+    EXPECT_EXIT(RunAndExit(rename), testing::ExitedWithCode(1),
+                "HCWordLib.injected fault.critical.确定");
+    ExpectNextStart(kWhole);
+  }
+  const QString generator =
+      QCoreApplication::applicationDirPath() + QStringLiteral("/libHCPLANGUIDDev.GUIDGen.so");
+  const QString away = generator + QStringLiteral(".away");
+  const auto create = [&] {
+    QFile::rename(generator, away);
+    Choose("mnuEditNewItem");
+    return 0;
+  };
+  EXPECT_EXIT(RunAndExit(create), testing::ExitedWithCode(1),
+              "HCWordLib.发生致命错误，关闭程序。.none.确定");
+  EXPECT_TRUE(QFile::rename(away, generator));
+  ExpectNextStart(kWhole);
+}
+
+}  // namespace

@@ -1,0 +1,237 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "main_window.h"
+
+#include "band_container.h"
+#include "frm_about.h"
+#include "picture_box.h"
+#include "system_colors.h"
+#include "twips.h"
+
+#include <QApplication>
+#include <QImage>
+
+namespace {
+
+class PanesTest : public MainWindowTest {
+ protected:
+  QRect Place(const char* name) const { return Find<QWidget>(name)->geometry(); }
+  int TreeWidth() const { return Place("picTreeContain").width(); }
+  int Width() const { return window_->frameGeometry().width(); }
+  void SetOuterSize(int width, int height) {
+    window_->resize(QSize(width, height) - (window_->frameSize() - window_->size()));
+  }
+  static QRgb Color(OleColor name) { return ResolveColor(name, QApplication::palette()).rgb(); }
+  QImage Seen(const char* name) const { return Find<QWidget>(name)->grab().toImage(); }
+
+  // A point of the pane in the window.
+  QPoint In(const char* pane, int x, int y) const {
+    return Find<QWidget>(pane)->mapTo(window_.get(), QPoint(x, y));
+  }
+  void Press(const QPoint& point, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mousePress(window_->windowHandle(), button, Qt::NoModifier, point);
+  }
+  void Move(const QPoint& point) { QTest::mouseMove(window_->windowHandle(), point); }
+  void Release(const QPoint& point, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseRelease(window_->windowHandle(), button, Qt::NoModifier, point);
+  }
+};
+
+TEST_F(PanesTest, StandWhereTheNumbersSayWhateverBarsAreShown) {
+  const float toolBar = Find<BandContainer>("cbToolBar")->Height();
+  const float statusBar = Find<BandContainer>("cbStatusBar")->Height();
+  const float whole = PixelsToTwips(window_->centralWidget()->height());
+  const struct {
+    const char* toggle;
+    bool toolBar;
+    bool statusBar;
+  } rounds[] = {{nullptr, true, true},
+                {"mnuViewToolbar", false, true},
+                {"mnuViewStatusBar", false, false},
+                {"mnuViewToolbar", true, false},
+                {"mnuViewStatusBar", true, true}};
+  for (const auto& round : rounds) {
+    if (round.toggle != nullptr) Choose(round.toggle);
+    EXPECT_EQ(Find<QAction>("mnuViewToolbar")->isChecked(), round.toolBar);
+    EXPECT_EQ(Find<QWidget>("cbToolBar")->isVisible(), round.toolBar);
+    EXPECT_EQ(Find<QAction>("mnuViewStatusBar")->isChecked(), round.statusBar);
+    EXPECT_EQ(Find<QWidget>("cbStatusBar")->isVisible(), round.statusBar);
+    const float top = round.toolBar ? toolBar + 60 : 50;
+    const float height =
+        whole - (round.toolBar ? toolBar : 60) - (round.statusBar ? statusBar : 60);
+    const TwipsRect tree{0, top, 5000, height};
+    const TwipsRect list{5020, top + (round.toolBar ? 80 : 10), PixelsToTwips(Width()) - 5160,
+                         height - (round.toolBar ? 90 : 30)};
+    EXPECT_EQ(Place("picTreeContain"), tree.ToPixels());
+    EXPECT_EQ(Place("picListContain"), list.ToPixels());
+    EXPECT_EQ(Place("tvTreeView"), (TwipsRect{30, 260, 4860, height - 330}.ToPixels()));
+  }
+  EXPECT_EQ(Place("picForCBToolBar").x(), Place("cbToolBar").width() - 46);  // 700 twips
+}
+
+TEST_F(PanesTest, ResizingKeepsTheTreePaneWhileThereIsRoomAndTheLeastSize) {
+  const struct {
+    QSize asked;
+    QSize got;
+    int tree;
+  } cases[] = {
+      {{434, 500}, {434, 500}, 333}, {{430, 500}, {430, 500}, 330},
+      {{400, 266}, {400, 333}, 300}, {{266, 400}, {333, 400}, 233},  // 3990 twips become 5000
+      {{267, 400}, {267, 400}, 167},                                 // 4005 stay
+      {{400, 267}, {400, 267}, 167}, {{250, 250}, {333, 333}, 167},
+  };
+  for (const auto& [asked, got, tree] : cases) {
+    SetOuterSize(600, 500);
+    SetOuterSize(asked.width(), asked.height());
+    EXPECT_EQ(window_->frameSize(), got);
+    EXPECT_EQ(TreeWidth(), tree);
+    EXPECT_EQ(Place("cbToolBar").width(), got.width() - 4);
+  }
+  window_->showMinimized();
+  window_->showNormal();
+  EXPECT_EQ(TreeWidth(), 167);
+}
+
+TEST_F(PanesTest, TheSplitterFollowsThePointerAndLaysOutOnRelease) {
+  QWidget* grip = Find<QWidget>("picShowSplitter");
+  QWidget* bar = Find<QWidget>("picSplitter");
+  EXPECT_EQ(grip->cursor().hotSpot(), QPoint(15, 15));
+  const struct {
+    Qt::MouseButton button;
+    int drag;  // pixels from the press
+    int bar;   // where the bar stands then
+    int tree;  // the tree pane's width after the release
+  } cases[] = {
+      {Qt::LeftButton, -100, 233, 233},
+      {Qt::RightButton, 60, 292, 292},
+      {Qt::MiddleButton, -2000, 33, 100},
+      {Qt::LeftButton, 2000, Width() - 33, Width() - 100},
+  };
+  const auto onTop = [&](const QRect& place) {
+    return grip->parentWidget()->childAt(place.center());
+  };
+  for (const auto& c : cases) {
+    const QRect before = grip->geometry();
+    const int tree = TreeWidth();
+    const QPoint start = In("picShowSplitter", 2, 50);
+    Press(start, c.button);
+    EXPECT_EQ(bar->pos(), before.topLeft());
+    EXPECT_EQ(bar->height(), before.height());
+    EXPECT_EQ(onTop(before), bar);
+    Move(start + QPoint(c.drag / 2, 300));
+    Move(start + QPoint(c.drag, -100));
+    EXPECT_NEAR(bar->x(), c.bar, 1);
+    EXPECT_EQ(TreeWidth(), tree);
+    Release(start + QPoint(c.drag, -100), c.button);
+    EXPECT_NEAR(TreeWidth(), c.tree, 1);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(onTop(grip->geometry()), grip);
+    EXPECT_NEAR(grip->x(), TreeWidth() - 40.0 / 15, 0.8);
+    Move(start);  // no drag any more
+    EXPECT_FALSE(bar->isVisible());
+  }
+  // The ridge: dark, light, under a light line, cut off above its bottom.
+  const QImage seen = Seen("picShowSplitter");
+  const OleColor row[] = {kApplicationWorkspace, kCaptionText, kInactiveBorder};
+  for (int x = 0; x < 3; ++x) EXPECT_EQ(seen.pixel(x, 20), Color(row[x])) << x;
+  EXPECT_EQ(seen.pixel(3, 0), Color(kCaptionText));
+  EXPECT_EQ(seen.pixel(0, seen.height() - 1), Color(kInactiveBorder));
+}
+
+// The pane is 333 pixels wide.
+TEST_F(PanesTest, TheCaptionBarIsDrawnToThePixel) {
+  const QImage seen = Seen("picTreeContain");
+  const struct {
+    int x, y;
+    OleColor color;
+  } pixels[] = {
+      {100, 0, kInactiveBorder},
+      {100, 1, kApplicationWorkspace},
+      {100, 2, kCaptionText},
+      {100, 6, kInactiveBorder},
+      {100, 7, kCaptionText},
+      {100, 8, kInactiveBorder},
+      {100, 9, kApplicationWorkspace},
+      {100, 11, kCaptionText},
+      {100, 13, kApplicationWorkspace},
+      {100, 14, kInactiveBorder},
+      {332, 1, kApplicationWorkspace},
+      // The gripper's ends.
+      {1, 9, kInactiveBorder},
+      {2, 9, kApplicationWorkspace},
+      {312, 9, kApplicationWorkspace},
+      {314, 9, kInactiveBorder},
+      {1, seen.height() - 2, kCaptionText},
+      {1, seen.height() - 1, kInactiveBorder},
+  };
+  for (const auto& [x, y, color] : pixels) {
+    EXPECT_EQ(seen.pixel(x, y), Color(color)) << x << " " << y;
+  }
+  EXPECT_LT(seen.pixelColor(321, 10).lightness(), 80);  // where the glyph's lines cross
+}
+
+// Its hot area is 321 to 323 by 9 to 12.
+TEST_F(PanesTest, TheCloseGlyphFollowsThePointer) {
+  const auto look = [this] {
+    const QImage seen = Seen("picTreeContain");
+    const auto frame = [&seen](OleColor topLeft, OleColor bottomRight) {
+      return seen.pixel(320, 6) == Color(topLeft) && seen.pixel(317, 10) == Color(topLeft) &&
+             seen.pixel(320, 14) == Color(bottomRight) && seen.pixel(327, 10) == Color(bottomRight);
+    };
+    if (frame(kInactiveBorder, kInactiveBorder)) return "plain";
+    if (frame(kWindowBackground, kWindowFrame)) return "raised";
+    if (!frame(kWindowFrame, kWindowBackground)) return "mixed";
+    return seen.pixel(326, 14) == Color(kWindowBackground) ? "sunken" : "released";
+  };
+  const auto at = [this](int x, int y) { return In("picTreeContain", x, y); };
+  const struct {
+    int x, y;
+    const char* look;
+  } hovers[] = {{320, 10, "plain"},  {321, 9, "raised"},  {321, 8, "plain"},
+                {323, 12, "raised"}, {324, 12, "plain"},  {323, 13, "plain"},
+                {322, 10, "raised"}, {322, 100, "plain"},  // over the tree
+                {322, 10, "raised"}};
+  for (const auto& hover : hovers) {
+    Move(at(hover.x, hover.y));
+    EXPECT_STREQ(look(), hover.look) << hover.x << " " << hover.y;
+  }
+  Press(at(322, 10), Qt::RightButton);
+  Release(at(322, 10), Qt::RightButton);
+  EXPECT_STREQ(look(), "raised");
+  Press(at(322, 10));
+  Move(at(100, 10));
+  EXPECT_STREQ(look(), "sunken");
+  Release(at(100, 10));
+  EXPECT_STREQ(look(), "plain");
+  Press(at(322, 8));  // just outside
+  Move(at(322, 10));
+  EXPECT_STREQ(look(), "plain");
+  Release(at(322, 10));
+  EXPECT_STREQ(look(), "released");
+  Move(at(322, 11));
+  EXPECT_STREQ(look(), "raised");
+}
+
+TEST_F(PanesTest, TheBandPictureAndTheHelpMenuOpenTheAboutBox) {
+  for (const bool picture : {true, false}) {
+    QWidget* owner = nullptr;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [&owner] {
+      if (auto* about = qobject_cast<frmAbout*>(QApplication::activeModalWidget())) {
+        owner = about->parentWidget();
+        about->close();
+      }
+    });
+    closer.start(1);
+    if (picture) {
+      Press(In("picForCBToolBar", 10, 10));
+      Release(In("picForCBToolBar", 10, 10));
+    } else {
+      Choose("mnuHelpAbout");
+    }
+    EXPECT_EQ(owner, window_.get());
+  }
+}
+
+}  // namespace
