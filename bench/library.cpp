@@ -41,10 +41,14 @@ qint32 Library::AddCategory(const QString& name, qint32 words,
   return categories_;
 }
 
+// Of as many different characters as the common ones of the national standard are.
 QString Library::RandomName() {
   constexpr unsigned kFirstCharacter = 0x4E00;
-  constexpr unsigned kCharacters = 20902;
+  constexpr unsigned kCharacters = 3755;
+  constexpr unsigned kDistance = 5;
   QString name(static_cast<qsizetype>(4 + random_() % 7), Qt::Uninitialized);
-  for (QChar& c : name) c = QChar(static_cast<char16_t>(kFirstCharacter + random_() % kCharacters));
+  for (QChar& c : name) {
+    c = QChar(static_cast<char16_t>(kFirstCharacter + random_() % kCharacters * kDistance));
+  }
   return name;
 }

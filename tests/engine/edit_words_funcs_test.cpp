@@ -149,24 +149,4 @@ TEST_P(EditWordsFuncsTest, FindsTheFirstFreeDefaultName) {
   }
 }
 
-TEST_P(EditWordsFuncsTest, AddNodeSelectsAndShowsOnlyWhenAskedTo) {
-  tree_.show();
-  const auto add = [this](const QString& parent, qint32 visible) {
-    return funcs_.AddNode(tree_, parent, QString(), kWordImage, kWordTag, visible);
-  };
-  const QString first = add(kRootKey, 0);
-  const QString second = add(first, 2);
-  EXPECT_EQ((first + second).toStdString(), "TheItem0TheItem1");
-  EXPECT_EQ(tree_.SelectedItem()->Key(), kRootKey);
-  EXPECT_FALSE(tree_.Expanded(tree_.Nodes().Item(kRootKey)));
-  const QString third = add(second, 1);
-  EXPECT_EQ(tree_.SelectedItem()->Key(), third);
-  EXPECT_TRUE(tree_.viewport()->rect().contains(tree_.ItemRect(*tree_.SelectedItem()).center()));
-  // A failure uses its number up and adds nothing.
-  EXPECT_THROW(add(QStringLiteral("TheItem99"), 1), Error);
-  EXPECT_EQ(tree_.SelectedItem()->Key(), third);
-  EXPECT_EQ(add(second, 0), QStringLiteral("TheItem4"));
-  EXPECT_EQ(tree_.SelectedItem()->Next()->Key(), QStringLiteral("TheItem4"));
-}
-
 }  // namespace

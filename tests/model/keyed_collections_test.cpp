@@ -3,8 +3,6 @@
 
 #include "keyed_collections.h"
 
-#include "word_tree.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -91,20 +89,6 @@ TEST(KeyedCollections, GetFatherKeyAnswersWithTheFirstRecordAdded) {
     words.Remove(Key(removed));
     EXPECT_EQ(FatherKey(words, 7, 1), first);
   }
-}
-
-TEST(WordTree, CreatesItsMembersOnceAndTakesOthers) {
-  WordTree tree;
-  EXPECT_EQ(&tree.DictPrpty(), &tree.DictPrpty());
-  EXPECT_EQ(&tree.ListPrpty(), &tree.ListPrpty());
-  EXPECT_EQ(&tree.TreePrpty(), &tree.TreePrpty());
-  AddWord(tree.colTreePrptys(), 7, 1, 1);
-  EXPECT_EQ(Keys(tree.colTreePrptys()), "1");
-  EXPECT_EQ(tree.colListPrptys().Count() + tree.colDictPrptys().Count(), 0);
-  auto others = std::make_unique<TreePrptys>();
-  AddWord(*others, 8, 2, 2);
-  tree.SetcolTreePrptys(std::move(others));
-  EXPECT_EQ(Keys(tree.colTreePrptys()), "2");
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include "compact_text.h"
 
-#include <QHash>
 #include <QStringList>
 
 #include <algorithm>
@@ -11,13 +10,8 @@
 
 namespace {
 
-struct Words {
-  QStringList texts = {QString()};
-  QHash<QString, qint32> places = {{QString(), 0}};
-};
-
-Words& AllWords() {
-  static Words words;
+QStringList& Words() {
+  static QStringList words = {QString()};
   return words;
 }
 
@@ -40,19 +34,15 @@ CompactText::CompactText(QStringView text) {
     number_ = static_cast<qint32>(number);
   }
 
-  Words& words = AllWords();
-  const QString word = text.first(wordEnd).toString();
-  const auto found = words.places.constFind(word);
-  if (found != words.places.cend()) {
-    word_ = *found;
-  } else {
-    word_ = static_cast<qint32>(words.texts.size());
-    words.texts.append(word);
-    words.places.insert(word, word_);
-  }
+  const QStringView word = text.first(wordEnd);
+  QStringList& words = Words();
+  word_ = static_cast<qint32>(words.indexOf(word));
+  if (word_ >= 0) return;
+  word_ = static_cast<qint32>(words.size());
+  words.append(word.toString());
 }
 
 QString CompactText::ToString() const {
-  const QString& word = AllWords().texts.at(word_);
+  const QString& word = Words().at(word_);
   return number_ < 0 ? word : word + QString::number(number_);
 }

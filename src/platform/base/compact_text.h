@@ -7,8 +7,8 @@
 #include <QStringView>
 
 // A text in 8 bytes, for the keys and tags of hundreds of thousands of entries: a word, which the
-// program keeps once and for ever, and the number behind it. So it suits texts of few words only.
-// Used by one thread.
+// program keeps once and for ever, and the number behind it. It suits texts of a few words only,
+// for a word is searched for among all of them. Used by one thread.
 class CompactText {
  public:
   CompactText() noexcept = default;

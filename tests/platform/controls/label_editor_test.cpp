@@ -134,25 +134,6 @@ TEST_F(LabelEditorTest, EndsAsTheUserLeavesIt) {
   }
 }
 
-TEST_F(LabelEditorTest, GrowsInSightAndStaysOpenWhileAnotherWindowIsUsed) {
-  Select("fine");  // in a collapsed subtree
-  TypeKey(Qt::Key_F2);
-  const int before = Editor()->width();
-  TypeKey(Qt::Key_X);  // the first key is not swallowed
-  Type(QString(60, u'W'));
-  EXPECT_GT(Editor()->width(), before + 100);
-  EXPECT_TRUE(tree_->viewport()->rect().contains(Editor()->geometry()));
-  QWidget another;
-  another.show();
-  another.activateWindow();
-  ASSERT_TRUE(QTest::qWaitFor([&another] { return another.isActiveWindow(); }));
-  window_.activateWindow();
-  ASSERT_TRUE(QTest::qWaitFor([this] { return Editor() != nullptr; }));
-  Type(QStringLiteral("y"));
-  enter_();
-  EXPECT_EQ(Ended(), "x" + std::string(60, 'W') + "y.");
-}
-
 // The message takes the focus from the editor whose text it refuses.
 TEST_F(LabelEditorTest, ARefusalWithAMessageRaisesTheEventOnce) {
   refuse_ = [this] {
@@ -219,25 +200,6 @@ TEST_F(LabelEditorTest, LosesNothingThatIsBeingComposed) {
     Open("milling");
     Compose(QStringLiteral("平铣面"));
   }
-}
-
-TEST_F(LabelEditorTest, GoesWithItsNode) {
-  Open("fine");
-  Type(QStringLiteral("半精车"));
-  Remove("turning");
-  EXPECT_FALSE(tree_->IsEditing());
-  EXPECT_EQ(Selected(), "milling");
-  EXPECT_TRUE(tree_->hasFocus());
-  EXPECT_EQ(Ended(), "");
-  refuse_ = [this] { Remove("milling"); };  // the receiver removes what was renamed
-  Open("milling");
-  Type(QStringLiteral("x"));
-  enter_();
-  EXPECT_EQ(Selected(), "grinding");
-  Open("grinding");
-  Type(QStringLiteral("x"));
-  delete std::exchange(tree_, nullptr);
-  EXPECT_EQ(Ended(), "x.");
 }
 
 }  // namespace

@@ -66,31 +66,6 @@ TEST_F(EditingTest, ANewCategoryIsStoredUnderAFreeNameAndNamedInPlace) {
   EXPECT_EQ(Messages(), "");
 }
 
-TEST_F(EditingTest, ANewWordHangsUnderTheSelectedNode) {
-  Click("");
-  std::string path = "空类";
-  for (const char* place : kPlaces) {
-    Select("");
-    NewWord(place);
-    EXPECT_FALSE(tvTreeView->IsEditing());
-    Select(path.c_str());
-    NewWord(place);
-    path += "/新加词";
-    EXPECT_EQ(SelectedText(), "新加词");
-    EXPECT_EQ(Selected(), path);
-    Type(place);
-    path.replace(path.size() - strlen("新加词"), std::string::npos, place);
-    EXPECT_EQ(Selected(), path);
-    Audit();
-  }
-  Select("空类");
-  NewWord("mnuPop");
-  Type("另一个");
-  EXPECT_EQ(Tree(At("空类")), "mnuEdit(mnuPop(tool bar)) 另一个");
-  EXPECT_EQ(Panel() + List(), "衡川词句库车削 热处理 空类");
-  Audit();
-}
-
 TEST_F(EditingTest, ANameIsRefusedAsOftenAsItTakes) {
   const std::string before = Words(TheConn());
   Click("");

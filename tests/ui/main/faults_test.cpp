@@ -106,32 +106,4 @@ TEST_F(FaultsTest, ANewCategoryIsStoredAndShownOrNeither) {
   EXPECT_EQ(endings, "0111003");
 }
 
-TEST_F(FaultsTest, WhatNothingCatchesIsReportedAndEndsTheProgram) {
-  for (const int n : {1, 2}) {  // the search for the name, its update
-    CloseWindow();
-    const auto rename = [this, n] {
-      Select("车削/精车");
-      Choose("mnuEditRename");
-      FailDatabaseStep(n);
-      Type("半精车");
-      return 0;
-    };
-    EXPECT_EXIT(RunAndExit(rename), testing::ExitedWithCode(1),
-                "HCWordLib.injected fault.critical.确定");
-    ExpectNextStart(kWhole);
-  }
-  const QString generator =
-      QCoreApplication::applicationDirPath() + QStringLiteral("/libHCPLANGUIDDev.GUIDGen.so");
-  const QString away = generator + QStringLiteral(".away");
-  const auto create = [&] {
-    QFile::rename(generator, away);
-    Choose("mnuEditNewItem");
-    return 0;
-  };
-  EXPECT_EXIT(RunAndExit(create), testing::ExitedWithCode(1),
-              "HCWordLib.发生致命错误，关闭程序。.none.确定");
-  EXPECT_TRUE(QFile::rename(away, generator));
-  ExpectNextStart(kWhole);
-}
-
 }  // namespace
