@@ -240,7 +240,7 @@ void WindowWork::Rename() {
     double programRound = 0;
     for (int i = 0; i < kRenames; ++i) {
       QTest::keyClick(&tree_, Qt::Key_F2);
-      auto* const editor = tree_.findChild<LabelEditor*>();
+      auto* const editor = qobject_cast<LabelEditor*>(QApplication::focusWidget());
       if (editor == nullptr) throw Error(QStringLiteral("the editor is not open"));
       editor->setText(nextName());
       Settle();

@@ -10,7 +10,8 @@
 #include <gtest/gtest.h>
 #include <ostream>
 
-// A database engine that the tests run on. script/servers.sh starts the servers and sets the variables.
+// A database engine that the tests run on. script/servers.sh starts the servers and sets the
+// variables.
 struct Engine {
   const char* name;      // as in data/schema/<name>.sql
   const char* variable;  // the environment variable that holds the name of the data source
