@@ -4,18 +4,18 @@
 #include "list_view.h"
 
 #include "mouse.h"
+#include "tree_item_delegate.h"
 #include "twips.h"
 
 #include <QEvent>
 #include <QMouseEvent>
-#include <QStyledItemDelegate>
 
 namespace {
 
 // Every item has the same size, so that a list of a hundred thousand is laid out at once.
-class ListItemDelegate : public QStyledItemDelegate {
+class ListItemDelegate : public TreeItemDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  explicit ListItemDelegate(QObject* parent) : TreeItemDelegate(parent) { SetHideSelection(false); }
 
   void SetSize(const QSize& size) { size_ = size; }
   QSize sizeHint(const QStyleOptionViewItem& /*option*/,
@@ -89,7 +89,7 @@ void ListView::FitItems() {
   for (const QString& text : items_.LongestTexts()) {
     widest = qMax(widest, fontMetrics().horizontalAdvance(text));
   }
-  const QSize size(qMin(widest + kIconSize + 22, kWidestItem),
+  const QSize size(qMin(widest + kIconSize + 30, kWidestItem),
                    qMax(kIconSize, fontMetrics().height()) + 4);
   static_cast<ListItemDelegate*>(itemDelegate())->SetSize(size);
   scheduleDelayedItemsLayout();

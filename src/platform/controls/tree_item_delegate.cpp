@@ -42,7 +42,9 @@ void TreeItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
                              const QModelIndex& index) const {
   painter->save();
   const QString text = OneLine(index.data(Qt::DisplayRole).toString());
-  const QRect label = LabelRect(option.rect, option.fontMetrics, text);
+  // Only where a view gives less room than the label asks for does it end in an ellipsis.
+  const QRect wanted = LabelRect(option.rect, option.fontMetrics, text);
+  const QRect label = wanted.intersected(option.rect);
   const bool selected = (option.state & QStyle::State_Selected) != 0;
   const bool focused = (option.state & QStyle::State_Active) != 0 && option.widget != nullptr &&
                        option.widget->hasFocus();
@@ -75,8 +77,11 @@ void TreeItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 
   painter->setFont(option.font);
   painter->setPen(textColor);
-  painter->drawText(label.adjusted(kLabelPadding, 0, 0, 0),
-                    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+  painter->drawText(
+      label.adjusted(kLabelPadding, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+      label == wanted
+          ? text
+          : option.fontMetrics.elidedText(text, Qt::ElideRight, label.width() - kLabelPadding));
   painter->restore();
 }
 

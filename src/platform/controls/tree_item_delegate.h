@@ -5,7 +5,8 @@
 
 #include <QStyledItemDelegate>
 
-// Draws a tree's nodes: the picture, and behind it the label, which alone carries the highlight.
+// Draws a tree's nodes and, much faster than the style would, a list's items: the picture, and
+// behind it the label, which alone carries the highlight.
 class TreeItemDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
