@@ -39,8 +39,8 @@ class Node : private Keyed, public Pooled<Node> {
   Node() = default;
 
   Node* Sibling(int distance) const {
-    const size_t row = static_cast<size_t>(row_ + distance);
-    return row < parent_->children_->size() ? (*parent_->children_)[row].get() : nullptr;
+    const int row = row_ + distance;
+    return row >= 0 && row < parent_->Children() ? (*parent_->children_)[row].get() : nullptr;
   }
 
   Node* parent_ = nullptr;
