@@ -135,6 +135,9 @@ size_t RowBuffer::Read(const OdbcHandle& statement, size_t textUnits) {
           size_t units = length < 0 ? textUnits : static_cast<size_t>(length) / sizeof(char16_t);
           longest = std::max(longest, units);
           units = std::min(units, textUnits - 1);
+          // One driver tells too short a length; its terminator is where it belongs.
+          while (units < textUnits - 1 && place[units] != 0) ++units;
+          longest = std::max(longest, units);
           if (place[units] != 0) isDoubtful = true;
           c.text.append(place, units);
         }
