@@ -6,6 +6,7 @@
 #include "error.h"
 #include "mouse.h"
 #include "tree_item_delegate.h"
+#include "tree_lines.h"
 #include "twips.h"
 
 #include <QApplication>
@@ -22,7 +23,6 @@
 namespace {
 
 constexpr int kLeastIndentation = 20;
-constexpr int kBoxSize = 9;
 constexpr int kLeastEditorWidth = 60;
 
 }  // namespace
@@ -413,40 +413,7 @@ void TreeView::focusOutEvent(QFocusEvent* event) {
 void TreeView::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const {
   const Node* const node = nodes_.NodeAt(index);
   if (node == nullptr) return;
-  const QColor text = palette().color(QPalette::Text);
-  const QColor base = palette().color(QPalette::Base);
-  const auto mixed = [&](qreal share) {
-    return QColor::fromRgbF(float(base.redF() + (text.redF() - base.redF()) * share),
-                            float(base.greenF() + (text.greenF() - base.greenF()) * share),
-                            float(base.blueF() + (text.blueF() - base.blueF()) * share));
-  };
-  const QColor line = mixed(0.35);
-  painter->fillRect(rect, base);  // the style has highlighted the row
-  const int middle = rect.top() + rect.height() / 2;
-  const bool rootLines = rootIsDecorated();
-  // From the node's own cell leftwards to the outermost ancestor's.
-  int x = rect.right() + 1 - indentation() / 2;
-  for (const Node* level = node; level != nullptr; level = level->Parent()) {
-    if (level->Parent() == nullptr && !rootLines) break;
-    const bool first = level->Parent() == nullptr && level->Previous() == nullptr;
-    const bool more = level->Next() != nullptr;
-    if (level == node) {
-      const int top = first ? middle : rect.top();
-      const int end = more ? rect.bottom() + 1 : middle + 1;
-      painter->fillRect(x, top, 1, end - top, line);
-      painter->fillRect(x, middle, rect.right() + 1 - x, 1, line);
-    } else if (more) {
-      painter->fillRect(x, rect.top(), 1, rect.height(), line);
-    }
-    x -= indentation();
-  }
-  if (node->Children() == 0 || (!rootLines && node->Parent() == nullptr)) return;
-  const QRect box(rect.right() + 1 - indentation() / 2 - kBoxSize / 2, middle - kBoxSize / 2,
-                  kBoxSize, kBoxSize);
-  painter->fillRect(box, mixed(0.55));
-  painter->fillRect(box.adjusted(1, 1, -1, -1), base);
-  painter->fillRect(box.left() + 2, middle, kBoxSize - 4, 1, text);
-  if (!Expanded(*node)) {
-    painter->fillRect(box.left() + kBoxSize / 2, box.top() + 2, 1, kBoxSize - 4, text);
-  }
+  painter->fillRect(rect, palette().color(QPalette::Base));  // the style has highlighted the row
+  DrawTreeLines(*painter, rect, *node,
+                {palette(), indentation(), rootIsDecorated(), Expanded(*node)});
 }
