@@ -3,6 +3,7 @@
 """What a person sees when the program cannot start."""
 
 import contextlib
+import pathlib
 import shutil
 import sqlite3
 import unittest
@@ -12,10 +13,10 @@ from desktop import wait_until
 
 
 class Failures(desktop.WindowTest):
-    def end_with_message(self, process):
-        """Confirms the message box: (its text, the exit status). No other window may be up."""
+    def end_with_message(self, process, *others):
+        """Confirms the message box: (the texts that show, the exit status). Only `others` may be up beside it."""
         box = self.window_id(desktop.BOX_TITLE, process)
-        self.assertEqual(list(self.windows().values()), [desktop.BOX_TITLE])
+        self.assertEqual(sorted(self.windows().values()), sorted([desktop.BOX_TITLE, *others]))
         text = " ".join(item.get_name() for item in self.items(process, "label"))
         wait_until(lambda: self.is_active(box), "the message box has the keyboard")
         self.key("Return")
@@ -30,12 +31,19 @@ class Failures(desktop.WindowTest):
         self.assertEqual(text.strip(), "发生致命错误，结束程序。")
         self.assertEqual(self.stored(), {})
 
-    def test_data_source_missing(self):
-        (self.home / "user.ini").write_text("", encoding="utf-8")
-        text, status = self.end_with_message(self.start())
-        self.assertIn("Data source name not found", text)
+    def test_generator_missing_for_a_new_category(self):
+        program = shutil.copy(desktop.BUILD / "hcwordlib", self.home)
+        generator = shutil.copy(next(desktop.BUILD.glob("*GUIDGen.so")), self.home)
+        process, window = self.open(program=program)
+        pathlib.Path(generator).unlink()
+        wait_until(lambda: self.is_active(window), "the window has the keyboard")
+        self.key("alt+e")
+        self.wait_for_menu(process)
+        self.key("Return")  # 新条目
+        text, status = self.end_with_message(process, desktop.TITLE)
+        self.assertIn("发生致命错误，关闭程序。", text)
         self.assertGreater(status, 0)
-        self.assertEqual(self.stored(), {})
+        self.assertEqual(self.rows("select * from Dictionary where SortName = '新建条目'"), [])
 
     def test_library_file_missing(self):
         self.library.unlink()

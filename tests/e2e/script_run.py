@@ -56,13 +56,6 @@ class ScriptRun(desktop.WindowTest):
         self.assertEqual(self.source.read_text(encoding="utf-8"), text)
         self.assertFalse(self.library.exists())
 
-    def test_nothing_half_made_stays(self):
-        (self.home / "folder").mkdir()
-        done = self.run_script(ODBCINI=str(self.home / "folder"))  # nobody can write a data source there
-        self.assertGreater(done.returncode, 0, done.stdout)
-        self.assertIn("nothing of it is left", done.stdout)
-        self.assertEqual(list(self.library.parent.iterdir()), [])
-
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)

@@ -90,10 +90,6 @@ TEST_P(DataBaseFuncsTest, AFaultInAnyStepChangesNothingBehindIt) {
     EXPECT_TRUE(position == -7 && gid == -7) << step;
     EXPECT_EQ(Categories(connection_), "");
   }
-  AddWord(QStringLiteral("一"), 5, 0);
-  FailDatabaseStep(2);
-  EXPECT_THROW(funcs_.DeleteItem(kCategory, 5), DatabaseError);
-  EXPECT_EQ(Words(connection_), "5|1|0|一\n");
 }
 
 }  // namespace

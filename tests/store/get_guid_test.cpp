@@ -3,36 +3,15 @@
 
 #include "get_guid.h"
 
-#include "component.h"
 #include "engines.h"
 #include "rows.h"
 
-#include <QCoreApplication>
-#include <QDir>
-
-#include <gmock/gmock.h>
-
-#include <filesystem>
 #include <set>
 #include <thread>
 
 namespace {
 
 constexpr char kRegister[] = "GUIDLists";
-
-// Takes the generator's library away from beside this program.
-class GeneratorTakenAway {
- public:
-  GeneratorTakenAway() { std::filesystem::rename(library_, hidden_); }
-  ~GeneratorTakenAway() { std::filesystem::rename(hidden_, library_); }
-
- private:
-  const std::filesystem::path library_ =
-      QDir(QCoreApplication::applicationDirPath())
-          .filePath(QStringLiteral("lib%1.so").arg(QLatin1String(kGUIDGenProgId)))
-          .toStdString();
-  const std::filesystem::path hidden_ = library_.string() + ".away";
-};
 
 class GetGUIDTest : public EngineTest {};
 
@@ -62,22 +41,6 @@ TEST_P(GetGUIDTest, WritersAtTheSameTimeDrawDifferentIdentifiers) {
   for (const qint32 id : all) stored += std::to_string(id) + '\n';
   EXPECT_EQ(Rows(QStringLiteral("select * from GUIDLists order by ID"), {"ID"}, connection_),
             stored);
-}
-
-TEST_P(GetGUIDTest, TheGeneratorIsCreatedOnFirstUseAndKept) {
-  GetGUID getGUID;
-  qint32 id = -7;
-  QString reason;
-  {
-    const GeneratorTakenAway away;
-    EXPECT_FALSE(getGUID.NewID(connection_, QLatin1String(kRegister), id, &reason));
-  }
-  EXPECT_EQ(reason, CannotCreateObjectText());
-  EXPECT_EQ(id, -7);
-  EXPECT_EQ(RegisterRows(connection_), "");
-  EXPECT_TRUE(getGUID.NewID(connection_, QLatin1String(kRegister), id));
-  const GeneratorTakenAway away;
-  EXPECT_TRUE(getGUID.NewID(connection_, QLatin1String(kRegister), id));
 }
 
 }  // namespace

@@ -6,27 +6,7 @@
 #include <QFile>
 #include <QRegularExpression>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <cstdlib>
 #include <stdexcept>
-
-namespace {
-
-// The test databases belong to one process at a time, the one that has odbc.ini locked.
-void LockEngines() {
-  static const int kLock = [] {
-    const QByteArray file = qgetenv("ODBCINI");
-    const int descriptor = open(file.constData(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0 || flock(descriptor, LOCK_EX) != 0) {
-      throw std::runtime_error("ODBCINI names no file that can be locked: " + file.toStdString());
-    }
-    return descriptor;
-  }();
-  static_cast<void>(kLock);
-}
-
-}  // namespace
 
 QString ConnectionStringOf(const Engine& engine) {
   const QString source = qEnvironmentVariable(engine.variable);
@@ -49,7 +29,6 @@ QStringList SchemaOf(const Engine& engine) {
 }
 
 void MakeEmptyLibrary(const Engine& engine, Connection& connection) {
-  LockEngines();
   for (const char* table : {"Dictionary", "Items", "GUIDLists"}) {
     connection.Execute(QStringLiteral("drop table if exists ") + QLatin1String(table));
   }

@@ -31,8 +31,7 @@ QString ConnectionStringOf(const Engine& engine);
 // The statements of the engine's schema.
 QStringList SchemaOf(const Engine& engine);
 
-// Drops the library's tables, if there are any, and makes them again, empty. From the first call
-// on, this process has the test databases to itself; others wait until it ends.
+// Drops the library's tables, if there are any, and makes them again, empty.
 void MakeEmptyLibrary(const Engine& engine, Connection& connection);
 
 // The base of tests that run on each engine: an empty library and an open connection to it. Use

@@ -88,6 +88,15 @@ TEST_P(AdminTest, AnOutlineComesBackByteForByte) {
   EXPECT_GT(QFileInfo(file_).size(), outline.size());
 }
 
+// Words of many lengths: a driver that tells one of them wrong is caught here.
+TEST_P(AdminTest, TheSampleLibraryComesBackByteForByte) {
+  const QString sample = QStringLiteral(SAMPLE_LIBRARY);
+  ASSERT_EQ(Run("import", {sample}).messages, "");
+  QFile file(sample);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_EQ(Run("export").output, file.readAll().toStdString());
+}
+
 TEST_P(AdminTest, ARefusedFileLeavesTheLibraryAsItWas) {
   ASSERT_EQ(Import("车削\n\t粗车\n").messages, "");
   const std::string before = Library();

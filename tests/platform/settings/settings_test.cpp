@@ -3,30 +3,13 @@
 
 #include "settings.h"
 
-#include "error.h"
-
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
 #include <QLocale>
-#include <QTemporaryDir>
 
 #include <clocale>
 
 namespace {
-
-TEST(Settings, TextsComeBackAsStoredAndAFailureIsAnError) {
-  const QTemporaryDir home;
-  qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.path()));
-  for (const char* utf8 : {"-15.5", "", "词,句 = \"库\";\\@%1", " a "}) {
-    EXPECT_EQ(GetSetting("App", "Settings", QString::fromUtf8(utf8), "1000"), "1000");
-    SaveSetting("App", "Settings", "Text", QString::fromUtf8(utf8));
-    EXPECT_EQ(GetSetting("App", "Settings", "Text", "x"), QString::fromUtf8(utf8));
-  }
-  ASSERT_TRUE(QDir(home.path()).mkpath("Blocked.conf/folder"));
-  EXPECT_THROW(SaveSetting("Blocked", "Settings", "Text", "x"), Error);
-}
 
 TEST(Settings, NumbersAreTheSameInEveryLocale) {
   const std::pair<float, const char*> cases[] = {

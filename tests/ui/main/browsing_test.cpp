@@ -3,14 +3,10 @@
 
 #include "main_window.h"
 
-#include "shared_objects.h"
-#include "word_tree.h"
-
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QInputMethodEvent>
 #include <QMenu>
-
-#include <tuple>
 
 namespace {
 
@@ -27,7 +23,6 @@ class BrowsingTest : public MainWindowTest {
     menu->close();
     return items.join(u' ').toStdString();
   }
-  void PressKey(Qt::Key key) { QTest::keyClick(window_->windowHandle(), key); }
   void ClickEmptySpace(Qt::MouseButton button) {
     QWidget* tree = tvTreeView->viewport();
     QTest::mouseClick(window_->windowHandle(), button, Qt::NoModifier,
@@ -58,14 +53,39 @@ TEST_F(BrowsingTest, ClicksAndKeysListTheChildren) {
     EXPECT_EQ(Panel(), panel);
     Audit();
   }
-  Click("车削/粗车");
-  const ListPrpty& word = TheWordTree().colListPrptys().Item(At("车削/粗车/粗车端面").Key());
-  EXPECT_EQ(std::tuple(word.DicID(), word.ID(), word.FatherID(), word.FatherKey()),
-            std::tuple(7, 3, 1, At("车削/粗车").Key()));
-  Click("");
-  const ListPrpty& category = TheWordTree().colListPrptys().Item(At("热处理").Key());
-  EXPECT_EQ(std::tuple(category.DicID(), category.ID(), category.FatherID(), category.FatherKey()),
-            std::tuple(9, 0, 0, QString()));
+  // Keys, and type-ahead by an input method, select as the mouse does.
+  std::string selected;
+  for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Left, Qt::Key_Right, Qt::Key_Down, Qt::Key_Down,
+                            Qt::Key_End, Qt::Key_Up}) {
+    PressKey(key);
+    selected += Selected() + " ";
+  }
+  EXPECT_EQ(selected, "   车削 车削/粗车 空类 热处理 ");
+  EXPECT_EQ(List(), "淬火 粗车");
+  for (const char* text : {"", "车", "不存在"}) {
+    QInputMethodEvent commit(QStringLiteral("che"), {});
+    commit.setCommitString(QString::fromUtf8(text));
+    QApplication::sendEvent(tvTreeView, &commit);
+  }
+  EXPECT_EQ(List(), "粗车 精车");
+}
+
+TEST_F(BrowsingTest, OnlyAClickOnPictureOrLabelSelects) {
+  const auto clickLeftOfLabel = [&](int distance) {
+    const QPoint label(tvTreeView->LabelRect(At("车削")).left(), Label("车削").y());
+    const int x = tvTreeView->viewport()->mapTo(window_.get(), label).x() - distance;
+    QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {}, QPoint(x, label.y()));
+  };
+  Label("车削");
+  for (const bool expanded : {true, false}) {  // on the box
+    clickLeftOfLabel(21 + tvTreeView->indentation() / 2);
+    EXPECT_EQ(tvTreeView->Expanded(At("车削")), expanded);
+    EXPECT_EQ(Selected() + List(), "");
+  }
+  QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {}, Label("车削") + QPoint(120, 0));
+  EXPECT_EQ(Selected() + List(), "");
+  clickLeftOfLabel(10);  // on the picture
+  EXPECT_EQ(Selected() + List(), "车削粗车 精车");
 }
 
 TEST_F(BrowsingTest, TheRightButtonSelectsAndOpensThePopUp) {

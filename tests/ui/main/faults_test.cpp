@@ -8,7 +8,6 @@
 #include "shared_objects.h"
 
 #include <QFile>
-#include <QToolButton>
 
 #include <cstdlib>
 
@@ -33,21 +32,6 @@ class FaultsTest : public MainWindowTest {
     FailDatabaseStep(0);
     EXPECT_TRUE(Find<QToolButton>(button)->isEnabled());
     return failed;
-  }
-  // For a child process: does the work over a fresh library, audits and ends with `status`.
-  template <class Work>
-  void RunAndExit(Work work) {
-    OpenWindow();
-    const int status = work();
-    Audit();
-    std::_Exit(HasFailure() ? kInconsistent : status);
-  }
-  // The next start finds everything in order.
-  void ExpectNextStart(const std::string& tree) {
-    OpenWindow(false);
-    EXPECT_EQ(Tree(), tree);
-    Audit();
-    CloseWindow();
   }
 };
 
@@ -91,17 +75,16 @@ TEST_F(FaultsTest, ANewCategoryIsStoredAndShownOrNeither) {
       return WIFEXITED(code) && status != kInconsistent;
     };
     const auto create = [this, n] {
-      FailDatabaseStep(n);
-      PressButton("新条目");
-      const bool failed = !IsDatabaseFaultPending();
-      FailDatabaseStep(0);
-      if (!failed) return kStored;
-      EXPECT_EQ(Tree() + Selected(), kWhole);
-      return 0;
+      const bool failed = RunWithFault("新条目", "", n);
+      EXPECT_EQ(Tree() + Selected(), failed ? kWhole : kWhole + " 新建条目新建条目");
+      Audit();
+      std::_Exit(HasFailure() ? kInconsistent : failed ? 0 : kStored);
     };
-    EXPECT_EXIT(RunAndExit(create), ended, "");
+    EXPECT_EXIT(create(), ended, "");
     endings += std::to_string(status);
-    ExpectNextStart(status == kStored ? kWhole + " 新建条目" : kWhole);
+    OpenWindow(false);  // the next start finds everything in order
+    EXPECT_EQ(Tree(), status == kStored ? kWhole + " 新建条目" : kWhole);
+    Audit();
   }
   EXPECT_EQ(endings, "0111003");
 }

@@ -1,204 +1,146 @@
 // SPDX-FileCopyrightText: 2026 The HCWordLib authors
 // SPDX-License-Identifier: MIT
 
-#include "shown_tree.h"
+#include "main_window.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
-#include <QMessageBox>
-#include <QTimer>
-
-#include <functional>
+#include <QLineEdit>
 
 namespace {
 
 using Action = std::function<void()>;
 
-class LabelEditorTest : public ShownTree {
+class LabelEditingTest : public MainWindowTest {
  protected:
-  LabelEditorTest() {
-    QObject::connect(tree_, &TreeView::BeforeLabelEdit, [this](qint16& cancel) {
-      if (tree_->SelectedItem() == &At("root")) cancel = 1;
-    });
-    QObject::connect(tree_, &TreeView::AfterLabelEdit,
-                     [this](qint16& cancel, const QString& newString) {
-                       ended_ += newString.toStdString() + ".";
-                       if (!refuse_) return;
-                       cancel = 1;
-                       refuse_();
-                     });
-  }
+  LabelEditingTest() { QApplication::setDoubleClickInterval(40); }
 
-  // Null unless it is open and has the focus.
-  LabelEditor* Editor() const {
-    return tree_->IsEditing() ? qobject_cast<LabelEditor*>(QApplication::focusWidget()) : nullptr;
-  }
-  LabelEditor& Open(const char* key) {
-    Select(key);
-    tree_->StartLabelEdit();
-    return *Editor();
-  }
-  void Type(const QString& text) {
-    for (const QChar c : text) QTest::sendKeyEvent(QTest::Click, Editor(), {}, c, Qt::NoModifier);
+  QLineEdit& Editor() const { return *qobject_cast<QLineEdit*>(QApplication::focusWidget()); }
+  // Opens a fresh library and the editor on this word, which is called `name`.
+  void Open(const QString& name = QStringLiteral("精车")) {
+    OpenWindow();
+    ended_.clear();
+    QObject::connect(tvTreeView, &TreeView::AfterLabelEdit,
+                     [this](qint16&, const QString& text) { ended_ += text.toStdString() + "."; });
+    Select("车削/精车");
+    tvTreeView->Nodes().SetText(*tvTreeView->SelectedItem(), name);
+    PressKey(Qt::Key_F2);
+    ASSERT_TRUE(WaitForEditor());
   }
   void Compose(const QString& preedit, const QString& commit = QString()) {
     QInputMethodEvent event(preedit, {});
     event.setCommitString(commit);
-    QApplication::sendEvent(Editor(), &event);
+    QApplication::sendEvent(&Editor(), &event);
   }
   void Paste(const QString& text) {
+    Editor().selectAll();
     QApplication::clipboard()->setText(text);
-    QTest::keyClick(Editor(), Qt::Key_V, Qt::ControlModifier);
+    QTest::keyClick(&Editor(), Qt::Key_V, Qt::ControlModifier);
   }
-  // The texts with which editing has ended since the last call, a dot behind each.
-  std::string Ended() { return std::exchange(ended_, {}); }
 
-  Action refuse_;
-  const Action enter_ = [this] { TypeKey(Qt::Key_Return); };
-  const Action escape_ = [this] { TypeKey(Qt::Key_Escape); };
-  const Action leave_ = [this] { other_->setFocus(); };
-  const Action click_ = [this] { Click(Label("turning")); };
-
- private:
-  std::string ended_;
+  std::string ended_;  // the texts with which editing has ended, a dot behind each
+  const Action enter_ = [this] { PressKey(Qt::Key_Return); };
+  const Action escape_ = [this] { PressKey(Qt::Key_Escape); };
+  const Action leave_ = [this] { lvListView->setFocus(); };
+  const Action click_ = [this] { Click("热处理"); };
 };
 
-TEST_F(LabelEditorTest, OpensByAClickOnTheLabelOfTheSelectedNode) {
-  Select("milling");
-  Click(Label("milling"));
-  EXPECT_FALSE(tree_->IsEditing());  // a double click may follow
-  ASSERT_TRUE(QTest::qWaitFor([this] { return Editor() != nullptr; }));
-  EXPECT_EQ(Editor()->selectedText(), QStringLiteral("铣削"));
+TEST_F(LabelEditingTest, OpensByAClickOnTheLabelOfTheSelectedNode) {
+  const QPoint label = Label("车削/精车");
+  QWindow* const window = window_->windowHandle();
+  Select("车削/精车");
+  Click("车削/精车");
+  EXPECT_FALSE(tvTreeView->IsEditing());  // a double click may follow
+  EXPECT_EQ(SelectedText(), "精车");
   escape_();
-  EXPECT_FALSE(tree_->IsEditing());
-
   const Action others[] = {
-      [this] { Select("root"), Click(Label("milling")); },
-      [this] { Click(Picture("milling")); },
-      [this] { Click(RightOf("milling")); },
-      [this] { Click(Label("milling"), Qt::RightButton); },
-      [this] { QTest::mouseDClick(window_.windowHandle(), Qt::LeftButton, {}, Label("milling")); },
-      [this] { Click(Label("milling")), TypeKey(Qt::Key_Shift); },
-      [this] { Press(Label("milling")), Release(Label("milling") + QPoint(0, 60)); },
-      [this] { Click(Label("milling")), click_(), Select("milling"); },
-      [this] { leave_(), Click(Label("milling")); },  // this only brings the focus back
-      [this] { Click(Label("milling")), leave_(); },
-      [this] { Select("root"), Click(Label("root")); },  // refused
-      [this] { Select("root"), TypeKey(Qt::Key_F2); },
+      [&] { Select(""), Click("车削/精车"); },
+      [&] { QTest::mouseClick(window, Qt::LeftButton, {}, label + QPoint(120, 0)); },
+      [&] { QTest::mouseDClick(window, Qt::LeftButton, {}, label); },
+      [&] { Click("车削/精车"), PressKey(Qt::Key_Shift); },
+      [&] {
+        QTest::mousePress(window, Qt::LeftButton, {}, label);
+        QTest::mouseRelease(window, Qt::LeftButton, {}, label + QPoint(0, 60));
+      },
+      [&] { Click("车削/精车"), click_(), Select("车削/精车"); },
+      [&] { leave_(), Click("车削/精车"); },  // this only brings the focus back
+      [&] { Click("车削/精车"), leave_(); },
+      [&] { Select(""), Click(""); },  // refused
+      [&] { Select(""), PressKey(Qt::Key_F2); },
   };
   for (size_t i = 0; i < std::size(others); ++i) {
-    tree_->setFocus();
-    Select("milling");
+    tvTreeView->setFocus();
+    Select("车削/精车");
     others[i]();
     bool over = false;  // the time that a click waits for a second one
     QTimer::singleShot(QApplication::doubleClickInterval() + 5, [&over] { over = true; });
     ASSERT_TRUE(QTest::qWaitFor([&over] { return over; }));
-    EXPECT_FALSE(tree_->IsEditing()) << i;
+    EXPECT_FALSE(tvTreeView->IsEditing()) << i;
   }
 }
 
-TEST_F(LabelEditorTest, EndsAsTheUserLeavesIt) {
+TEST_F(LabelEditingTest, EndsAsTheUserLeavesIt) {
   const struct {
     Action end;
     const char* typed;  // null for nothing
     const char* ended;
-    const char* label;
   } cases[] = {
-      {enter_, nullptr, "铣削.", "铣削"},
-      {enter_, "", ".", ""},
-      {enter_, "平铣", "平铣.", "平铣"},
-      {escape_, nullptr, "", "铣削"},
-      {escape_, "平铣", "", "铣削"},
-      {leave_, nullptr, "", "铣削"},
-      {leave_, "铣削", "", "铣削"},
-      {leave_, "平铣", "平铣.", "平铣"},
-      {leave_, "", ".", ""},
-      {click_, nullptr, "", "铣削"},
-      {click_, "平铣", "平铣.", "平铣"},
+      {enter_, "半精车", "半精车."}, {escape_, nullptr, ""},        {escape_, "半精车", ""},
+      {leave_, nullptr, ""},         {leave_, "精车", ""},          {click_, nullptr, ""},
+      {leave_, "半精车", "半精车."}, {click_, "半精车", "半精车."},
   };
-  for (size_t i = 0; i < std::size(cases); ++i) {
-    SCOPED_TRACE(i);
-    const auto& [end, typed, ended, label] = cases[i];
-    tree_->Nodes().SetText(At("milling"), QStringLiteral("铣削"));
-    Open("milling");
-    Events();
-    if (typed != nullptr) {
-      TypeKey(Qt::Key_Delete);
-      Type(QString::fromUtf8(typed));
-    }
+  for (const auto& [end, typed, ended] : cases) {
+    Open();
+    if (typed != nullptr) Type(typed, 0);
     end();
-    EXPECT_FALSE(tree_->IsEditing());
-    EXPECT_EQ(Ended(), ended);
-    EXPECT_EQ(Text("milling"), label);
-    EXPECT_EQ(Events() == "", Selected() == "milling");  // a click selects as well
+    EXPECT_FALSE(tvTreeView->IsEditing());
+    EXPECT_EQ(ended_, ended);
+    EXPECT_EQ(Tree(At("车削")), std::string("粗车(粗车外圆(粗车外圆至φ50) 粗车端面) ") +
+                                    (ended_.size() > 7 ? "半精车" : "精车"));
+    Audit();
   }
 }
 
-// The message takes the focus from the editor whose text it refuses.
-TEST_F(LabelEditorTest, ARefusalWithAMessageRaisesTheEventOnce) {
-  refuse_ = [this] {
-    QMessageBox message(&window_);
-    QTimer::singleShot(0, &message, &QDialog::accept);
-    message.exec();
-    tree_->setFocus();
-    tree_->StartLabelEdit();
-    // As a window manager does, later.
-    QTimer::singleShot(0, &window_, &QWidget::activateWindow);
-  };
-  Open("milling");
-  for (const Action& end : {enter_, leave_, click_, enter_}) {
-    ASSERT_TRUE(QTest::qWaitFor([this] { return Editor() != nullptr; }));
-    EXPECT_EQ(Editor()->selectedText(), QStringLiteral("铣削"));
-    Type(QStringLiteral("车削"));
-    end();
-    EXPECT_EQ(Ended(), "车削.");
-    EXPECT_EQ(Text("milling"), "铣削");
-    EXPECT_EQ(Selected(), "milling");  // the click was spent on ending the editing
-  }
-}
-
-TEST_F(LabelEditorTest, TakesAtMost255UnitsNoHalfOfAPairAndNoLineBreak) {
+TEST_F(LabelEditingTest, TakesAtMost255UnitsNoHalfOfAPairAndNoLineBreak) {
   const QString pair = QStringLiteral("𠮷");
-  LabelEditor& editor = Open("milling");
-  Type(QString(300, u'x'));
-  EXPECT_EQ(editor.text(), QString(255, u'x'));
-  editor.selectAll();
+  Open();
+  QTest::keyClicks(&Editor(), QString(300, u'x'));
+  EXPECT_EQ(Editor().text(), QString(255, u'x'));
   Paste(pair.repeated(128));
-  EXPECT_EQ(editor.text(), pair.repeated(127));
-  editor.selectAll();
+  EXPECT_EQ(Editor().text(), pair.repeated(127));
+  Editor().selectAll();
   Compose(QString(), pair.repeated(128));
-  EXPECT_EQ(editor.text(), pair.repeated(127));
-  editor.selectAll();
+  EXPECT_EQ(Editor().text(), pair.repeated(127));
   Paste(QStringLiteral("一\r\n二\n三\u2028四\u2029五\r六\v七 八\t") + QChar(0xD842) + QChar(0));
-  EXPECT_EQ(editor.text(), QStringLiteral("一 二 三 四 五 六 七 八\t"));
-  escape_();
+  EXPECT_EQ(Editor().text(), QStringLiteral("一 二 三 四 五 六 七 八\t"));
   // A name that another program made longer is left alone as long as the user does so.
   for (const QString& name : {QString(300, u'词'), u'词' + pair.repeated(128)}) {
-    tree_->Nodes().SetText(At("milling"), name);
-    EXPECT_FALSE(Open("milling").text().back().isHighSurrogate());
+    Open(name);
+    EXPECT_FALSE(Editor().text().back().isHighSurrogate());
     leave_();
-    EXPECT_EQ(Ended(), "");
-    EXPECT_EQ(At("milling").Text(), name);
+    EXPECT_EQ(ended_, "");
+    EXPECT_EQ(tvTreeView->SelectedItem()->Text(), name);
   }
 }
 
-TEST_F(LabelEditorTest, LosesNothingThatIsBeingComposed) {
-  Open("milling");
+TEST_F(LabelEditingTest, LosesNothingThatIsBeingComposed) {
+  Open();
   Compose(QStringLiteral("ping"));
   escape_();  // the input method's
-  ASSERT_NE(Editor(), nullptr);
   Compose(QStringLiteral("平铣"));
   enter_();  // only confirms
-  ASSERT_NE(Editor(), nullptr);
-  EXPECT_EQ(Ended(), "");
+  ASSERT_TRUE(tvTreeView->IsEditing());
   Compose(QString(), QStringLiteral("面"));
+  EXPECT_EQ(Editor().text(), QStringLiteral("平铣面"));
   for (const Action& end : {enter_, leave_, click_}) {
+    Open();
+    Compose(QString(), QStringLiteral("平"));
+    Compose(QStringLiteral("铣面"));
     end();
-    EXPECT_EQ(Ended(), "平铣面.");
-    EXPECT_EQ(Text("milling"), "平铣面");
-    tree_->Nodes().SetText(At("milling"), QString());
-    Open("milling");
-    Compose(QStringLiteral("平铣面"));
+    if (tvTreeView->IsEditing()) end();  // Enter has confirmed what was composed
+    EXPECT_EQ(ended_, "平铣面.");
+    Audit();
   }
 }
 

@@ -12,8 +12,6 @@ namespace {
 // The window before its first layout.
 Layout Fresh() {
   Layout layout;
-  layout.Image1 = {0, 0, 480, 480};
-  layout.Label1 = {0, 0, 345, 1635};
   layout.picShowSplitter.width = 60;
   return layout;
 }
@@ -32,8 +30,6 @@ void Expect(const char* name, Layout layout, const LayoutInput& input, float tre
   }
   EXPECT_EQ(text.str(), places) << name;
   EXPECT_EQ(layout.columnWidth, layout.lvListView.width) << name;
-  EXPECT_EQ(layout.Image1, (TwipsRect{100, 150, 480, 480})) << name;
-  EXPECT_EQ(layout.Label1, (TwipsRect{150, 1200, 345, 1635})) << name;
 }
 
 TEST(LayoutArithmetic, PutsEverythingInItsPlace) {

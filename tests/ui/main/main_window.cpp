@@ -11,11 +11,11 @@
 #include "status_bar.h"
 #include "word_tree.h"
 
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QToolButton>
 
 #include <algorithm>
 
@@ -68,6 +68,10 @@ void MainWindowTest::OpenWindow(bool fresh) {
   window_->activateWindow();
   tvTreeView = Find<TreeView>("tvTreeView");
   lvListView = Find<ListView>("lvListView");
+  for (QAbstractItemModel* model : {tvTreeView->model(), lvListView->model()}) {
+    new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::Fatal,
+                                 window_.get());
+  }
   tvTreeView->setFocus();
   if (!QTest::qWaitFor([this] { return tvTreeView->hasFocus(); })) ADD_FAILURE() << "no focus";
 }
@@ -117,15 +121,9 @@ std::string MainWindowTest::Panel() const {
   return Find<StatusBar>("sbStatusBar")->PanelText().toStdString();
 }
 
-void MainWindowTest::Click(const char* path, Qt::MouseButton button) {
+QPoint MainWindowTest::Label(const char* path) const {
   tvTreeView->EnsureVisible(At(path));
-  const QPoint point = tvTreeView->LabelRect(At(path)).center();
-  QTest::mouseClick(window_->windowHandle(), button, Qt::NoModifier,
-                    tvTreeView->viewport()->mapTo(window_.get(), point));
-}
-
-void MainWindowTest::PressButton(const char* key) {
-  Find<QToolButton>(key)->click();
+  return tvTreeView->viewport()->mapTo(window_.get(), tvTreeView->LabelRect(At(path)).center());
 }
 
 bool MainWindowTest::WaitForEditor() const {

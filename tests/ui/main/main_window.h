@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 #include <functional>
 #include <memory>
@@ -45,10 +46,15 @@ class MainWindowTest : public testing::Test {
   std::string List() const;  // the texts of its items
   std::string Panel() const;
 
-  void Click(const char* path, Qt::MouseButton button = Qt::LeftButton);
+  // The middle of the node's label in the window; scrolls it into view.
+  QPoint Label(const char* path) const;
+  void Click(const char* path, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(window_->windowHandle(), button, Qt::NoModifier, Label(path));
+  }
+  void PressKey(Qt::Key key) { QTest::keyClick(window_->windowHandle(), key); }
   // Chooses a menu item, presses a tool-bar button.
   void Choose(const std::string& item) { Find<QAction>(item.c_str())->trigger(); }
-  void PressButton(const char* key);
+  void PressButton(const char* key) { Find<QToolButton>(key)->click(); }
   bool WaitForEditor() const;
   // The text that is selected in the editor, which is waited for.
   std::string SelectedText() const;
