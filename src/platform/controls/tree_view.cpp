@@ -385,6 +385,12 @@ void TreeView::inputMethodEvent(QInputMethodEvent* event) {
   event->accept();
 }
 
+// No key takes the selection away from the current node.
+QItemSelectionModel::SelectionFlags TreeView::selectionCommand(const QModelIndex& index,
+                                                               const QEvent*) const {
+  return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
 void TreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTreeView::currentChanged(current, previous);
   AllowInputMethod();

@@ -6,6 +6,7 @@
 #include "label_editor.h"
 #include "tree_nodes.h"
 
+#include <QItemSelectionModel>
 #include <QPointer>
 #include <QTimer>
 #include <QTreeView>
@@ -96,6 +97,8 @@ class TreeView : public QTreeView {
   void updateGeometries() override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override;
   void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
 
  private:

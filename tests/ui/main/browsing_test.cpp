@@ -67,6 +67,8 @@ TEST_F(BrowsingTest, ClicksAndKeysListTheChildren) {
     commit.setCommitString(QString::fromUtf8(text));
     QApplication::sendEvent(tvTreeView, &commit);
   }
+  QTest::keyClick(tvTreeView, Qt::Key_Space, Qt::ControlModifier);
+  EXPECT_TRUE(tvTreeView->selectionModel()->isSelected(tvTreeView->currentIndex()));
   EXPECT_EQ(List(), "粗车 精车");
 }
 
