@@ -145,23 +145,23 @@ void frmAbout::StartSysInfo() {
   }
 }
 
-bool frmAbout::GetKeyValue(quint32 keyRoot, const QString& keyName, const QString& subKeyRef,
-                           QString& keyVal) {
+bool frmAbout::GetKeyValue(quint32 KeyRoot, const QString& KeyName, const QString& SubKeyRef,
+                           QString& KeyVal) {
   std::array<char, kMaxValueSize> buffer{};
   quint32 type = 0;
-  const std::optional<RegistryKey> key = RegistryKey::Open(keyRoot, keyName, kKeyAllAccess);
-  if (!key || !key->Query(subKeyRef, type, buffer.data(), buffer.size())) {
-    keyVal.clear();
+  const std::optional<RegistryKey> key = RegistryKey::Open(KeyRoot, KeyName, kKeyAllAccess);
+  if (!key || !key->Query(SubKeyRef, type, buffer.data(), buffer.size())) {
+    KeyVal.clear();
     return false;
   }
   const QByteArray text(buffer.data(), qstrnlen(buffer.data(), buffer.size()));
   if (type == kRegSz) {
-    keyVal = QString::fromLocal8Bit(text);
+    KeyVal = QString::fromLocal8Bit(text);
   } else if (type == kRegDword) {
     for (qsizetype i = text.size() - 1; i >= 0; --i) {
-      keyVal += QString::number(static_cast<uchar>(text[i]), 16).toUpper();
+      KeyVal += QString::number(static_cast<uchar>(text[i]), 16).toUpper();
     }
-    keyVal.prepend(QLatin1String("&h"));
+    KeyVal.prepend(QLatin1String("&h"));
   }
   return true;
 }

@@ -18,11 +18,11 @@ class frmAbout : public QDialog {
   // when there is none.
   void StartSysInfo();
 
-  // Reads the value `subKeyRef` of the key `keyName` as text. Without the value it returns false
-  // and `keyVal` is empty. A number becomes "&h", what `keyVal` held and the hexadecimal digits of
-  // its bytes; values of other types but text leave `keyVal` as it is.
-  static bool GetKeyValue(quint32 keyRoot, const QString& keyName, const QString& subKeyRef,
-                          QString& keyVal);
+  // Reads the value `SubKeyRef` of the key `KeyName` as text. Without the value it returns false
+  // and `KeyVal` is empty. A number becomes "&h", what `KeyVal` held and the hexadecimal digits of
+  // its bytes; values of other types but text leave `KeyVal` as it is.
+  static bool GetKeyValue(quint32 KeyRoot, const QString& KeyName, const QString& SubKeyRef,
+                          QString& KeyVal);
 
  private:
   void cmdOK_Click();

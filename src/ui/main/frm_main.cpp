@@ -177,15 +177,15 @@ void frmMain::CreateMenus() {
   mnuPopMnu = new QMenu(QStringLiteral("弹出菜单"), this);
   mnuPopMnu->setObjectName(QStringLiteral("mnuPopMnu"));
   mnuPopNewItem =
-      AddItem(mnuPopMnu, "mnuPopNewItem", QStringLiteral("新条目"), &frmMain::mnuEditNewItem_Click);
+      AddItem(mnuPopMnu, "mnuPopNewItem", QStringLiteral("新条目"), &frmMain::mnuPopNewItem_Click);
   mnuPopNewWord =
-      AddItem(mnuPopMnu, "mnuPopNewWord", QStringLiteral("新词"), &frmMain::mnuEditNewWord_Click);
+      AddItem(mnuPopMnu, "mnuPopNewWord", QStringLiteral("新词"), &frmMain::mnuPopNewWord_Click);
   mnuPopSep1 = addSeparator(mnuPopMnu, "mnuPopSep1");
   mnuPopRename =
-      AddItem(mnuPopMnu, "mnuPopRename", QStringLiteral("重命名"), &frmMain::mnuEditRename_Click);
+      AddItem(mnuPopMnu, "mnuPopRename", QStringLiteral("重命名"), &frmMain::mnuPopRename_Click);
   mnuPopSep2 = addSeparator(mnuPopMnu, "mnuPopSep2");
   mnuPopDelete =
-      AddItem(mnuPopMnu, "mnuPopDelete", QStringLiteral("删除"), &frmMain::mnuEditDelete_Click);
+      AddItem(mnuPopMnu, "mnuPopDelete", QStringLiteral("删除"), &frmMain::mnuPopDelete_Click);
 }
 
 void frmMain::ConnectEvents() {
@@ -209,10 +209,11 @@ void frmMain::ConnectEvents() {
 
   connect(tbToolBar, &ToolBar::ButtonClick, this,
           Guarded([this](ToolBarButton& Button) { tbToolBar_ButtonClick(Button); }));
-  connect(picForCBToolBar, &PictureBox::Click, this, Guarded([this] { mnuHelpAbout_Click(); }));
-  const auto relayout = Guarded([this](float) { SizeControls(layout_.picTreeContain.width); });
-  connect(cbToolBar, &BandContainer::HeightChanged, this, relayout);
-  connect(cbStatusBar, &BandContainer::HeightChanged, this, relayout);
+  connect(picForCBToolBar, &PictureBox::Click, this, Guarded([this] { picForCBToolBar_Click(); }));
+  connect(cbToolBar, &BandContainer::HeightChanged, this,
+          Guarded([this](float) { cbToolBar_HeightChanged(); }));
+  connect(cbStatusBar, &BandContainer::HeightChanged, this,
+          Guarded([this](float) { cbStatusBar_HeightChanged(); }));
 
   connect(picShowSplitter, &PictureBox::MouseDown, this,
           Guarded([this](int, int, float, float) { picShowSplitter_MouseDown(); }));

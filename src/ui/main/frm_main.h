@@ -74,6 +74,10 @@ class frmMain : public QMainWindow {
   void mnuEditNewWord_Click();
   void mnuEditDelete_Click();
   void mnuEditRename_Click();
+  void mnuPopNewItem_Click() { mnuEditNewItem_Click(); }
+  void mnuPopNewWord_Click() { mnuEditNewWord_Click(); }
+  void mnuPopDelete_Click() { mnuEditDelete_Click(); }
+  void mnuPopRename_Click() { mnuEditRename_Click(); }
   void NewDict();
   void NewWord(qint32 Sel);
   void DeleteNode(qint32 Sel);
@@ -87,10 +91,13 @@ class frmMain : public QMainWindow {
   void mnuViewToolbar_Click();
   void mnuViewStatusBar_Click();
   void mnuHelpAbout_Click();
+  void picForCBToolBar_Click() { mnuHelpAbout_Click(); }
   void tbToolBar_ButtonClick(ToolBarButton& Button);
 
   // Layout, splitter and the tree pane's caption bar.
   void Form_Resize();
+  void cbToolBar_HeightChanged() { SizeControls(layout_.picTreeContain.width); }
+  void cbStatusBar_HeightChanged() { SizeControls(layout_.picTreeContain.width); }
   void ApplyLayout();
   void DrawGrip();
   void DrawSortBar(PictureBox& ThePic);
