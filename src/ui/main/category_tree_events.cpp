@@ -103,10 +103,11 @@ void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString
                     : QStringLiteral("分类词不能为空字符。"),
            MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
     Cancel = 1;
-    EditAgain = true;
-    // The last of these makes the tree get the focus, which opens the editor again.
+    // Only the last of these opens the editor again; where the first already gives the tree the
+    // focus, the second would end that editing.
     tvTreeView->setFocus();
     lvListView->setFocus();
+    EditAgain = true;
     tvTreeView->setFocus();
     return;
   }
