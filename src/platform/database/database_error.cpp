@@ -11,6 +11,11 @@ DatabaseError::DatabaseError(QString description, QString sqlState, int nativeCo
 DatabaseError::DatabaseError(QString description) : Error(std::move(description)) {}
 
 bool DatabaseError::IsDuplicateKey() const noexcept {
+  // SQLite's driver has one code for constraints of every kind, MariaDB's one SQLSTATE.
   constexpr int kSqliteConstraint = 19;
-  return sqlState_.startsWith(u"23") || (sqlState_ == u"HY000" && nativeCode_ == kSqliteConstraint);
+  constexpr int kMariaDbDuplicateEntry = 1062;
+  if (sqlState_ == u"HY000" && nativeCode_ == kSqliteConstraint) {
+    return Description().startsWith(u"UNIQUE");
+  }
+  return sqlState_ == u"23505" || (sqlState_ == u"23000" && nativeCode_ == kMariaDbDuplicateEntry);
 }

@@ -16,8 +16,9 @@ class DatabaseError : public Error {
 
   // The five characters of ISO/IEC 9075, or empty.
   const QString& SqlState() const noexcept { return sqlState_; }
-  // Whether a row with the same key is there already: class 23 of the standard. One driver has no
-  // SQLSTATE for it but its engine's code, SQLITE_CONSTRAINT of the SQLite manual.
+  // Whether a row with the same key is there already, as the supported engines say it:
+  // SQLITE_CONSTRAINT with a text about UNIQUE, PostgreSQL's unique_violation, MariaDB's
+  // ER_DUP_ENTRY (each in the engine's manual).
   bool IsDuplicateKey() const noexcept;
   // The engine's own code, 0 where there is none.
   int NativeCode() const noexcept { return nativeCode_; }

@@ -46,7 +46,7 @@ qint64 IntegerAt(const RowBuffer& rows, size_t column, size_t row) {
 // The table of a statement that reads whole rows of one table, or an empty text.
 QString TableOf(const QString& statement) {
   static const QRegularExpression kSelectAll(
-      QStringLiteral("\\A\\s*select\\s*\\*\\s*from\\s+([\\w.]+)(?!\\s*,)"),
+      QStringLiteral("\\A\\s*select\\s*\\*\\s*from\\s+([\\w.]++)(?!\\s*,)"),
       QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
   return kSelectAll.match(statement).captured(1);
 }

@@ -18,9 +18,10 @@ constexpr size_t kMostColumnUnits = 8192;
 // Up to here, places grow.
 constexpr size_t kMostTextUnits = size_t{1} << 23;
 
-bool IsInteger(SQLSMALLINT type) {
+// `digits`: behind the decimal point. Some engines have no other integers than decimal numbers.
+bool IsInteger(SQLSMALLINT type, SQLSMALLINT digits) {
   return type == SQL_INTEGER || type == SQL_SMALLINT || type == SQL_TINYINT || type == SQL_BIGINT ||
-         type == SQL_BIT;
+         type == SQL_BIT || ((type == SQL_NUMERIC || type == SQL_DECIMAL) && digits == 0);
 }
 
 // Where the driver puts one column of a block.
@@ -69,11 +70,12 @@ void RowBuffer::TakeColumns(const OdbcHandle& statement) {
     char name[1024] = {};
     SQLSMALLINT type = 0;
     SQLULEN size = 0;
+    SQLSMALLINT digits = 0;
     statement.Check(SQLDescribeCol(statement.Get(), static_cast<SQLUSMALLINT>(i + 1),
                                    reinterpret_cast<SQLCHAR*>(name), sizeof name, nullptr, &type,
-                                   &size, nullptr, nullptr));
+                                   &size, &digits, nullptr));
     columns_[i].name = name;
-    columns_[i].isText = !IsInteger(type);
+    columns_[i].isText = !IsInteger(type, digits);
     // A character takes up to two units.
     columns_[i].units = columns_[i].isText ? size * 2 : 0;
   }

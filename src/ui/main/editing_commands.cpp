@@ -18,6 +18,7 @@
 #include "word_tree.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <exception>
 #include <vector>
 
@@ -89,6 +90,7 @@ void frmMain::NewDict() {
     if (reason == CannotCreateObjectText()) {
       MsgBox(this, QStringLiteral("发生致命错误，关闭程序。"));
     }
+    std::fprintf(stderr, "hcwordlib: %s\n", qUtf8Printable(reason));
     EndProgram();
   }
   TheWordTree().colDictPrptys().Add(newItemId, position, key, name, QString(), key);
