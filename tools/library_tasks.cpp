@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QHash>
 #include <QIODevice>
+#include <QSet>
 
 #include <array>
 #include <memory>
@@ -109,8 +110,8 @@ class WordForest {
     words_.push_back({id, fatherId, std::move(name)});
   }
 
-  // Appends the lines of all words that hang on the category, and to `lost` the others.
-  void AppendTo(QByteArray& text, qint32 gid, QStringList& lost) {
+  // Appends the lines of all words that hang on the category, and to `remarks` the others.
+  void AppendTo(QByteArray& text, qint32 gid, QStringList& remarks) {
     Link();
     qsizetype depth = 1;
     for (qsizetype at = firstRoot_; at != kNone;) {
@@ -130,7 +131,7 @@ class WordForest {
     }
     for (const Word& word : words_) {
       if (!word.isWritten) {
-        lost +=
+        remarks +=
             QStringLiteral("分类词“%1”（SortID=%2，ID=%3）的上级 FatherID=%4 不在树中，未导出。")
                 .arg(word.name)
                 .arg(gid)
@@ -178,6 +179,13 @@ class WordForest {
   std::vector<Word> words_;
   qsizetype firstRoot_ = kNone;
 };
+
+// False when it is there already.
+bool Insert(QSet<QString>& names, const QString& name) {
+  const qsizetype before = names.size();
+  names.insert(name);
+  return names.size() > before;
+}
 
 void Write(QIODevice& device, const QByteArray& text) {
   if (device.write(text) != text.size()) {
@@ -244,7 +252,7 @@ void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& c
 QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress) {
   // One transaction: engines that isolate it so show one state of the library throughout.
   Transaction transaction(connection);
-  QStringList lost;
+  QStringList remarks;
   auto categories = OpenToRead(Statement::SelectCategories(), connection);
   std::unique_ptr<ProgressBar> progress;
   if (showProgress && !categories->IsEof()) {
@@ -252,18 +260,35 @@ QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showPr
     progress = std::make_unique<ProgressBar>(QStringLiteral("导出"), categories->RecordCount());
     categories->MoveFirst();
   }
+  QSet<QString> categoryNames;
   for (; !categories->IsEof(); categories->MoveNext()) {
     const qint32 gid = categories->FieldInteger("GID");
+    const QString sortName = categories->FieldText("SortName");
+    if (!Insert(categoryNames, sortName)) {
+      remarks += QStringLiteral("分类条目“%1”（GID=%2）与另一个重名：已导出，导入前须改名。")
+                     .arg(sortName)
+                     .arg(gid);
+    }
     QByteArray text;
-    AppendOutlineLine(text, 0, categories->FieldText("SortName"));
+    AppendOutlineLine(text, 0, sortName);
+    QSet<QString> names;
     WordForest words;
     auto rows = OpenToRead(Statement::SelectWords(gid), connection);
     for (; !rows->IsEof(); rows->MoveNext()) {
-      words.Add(rows->FieldInteger("ID"), rows->FieldInteger("FatherID"),
-                rows->FieldText("NodeName"));
+      const qint32 id = rows->FieldInteger("ID");
+      const QString name = rows->FieldText("NodeName");
+      if (!Insert(names, name)) {
+        remarks +=
+            QStringLiteral(
+                "分类词“%1”（SortID=%2，ID=%3）与同一条目的另一个重名：已导出，导入前须改名。")
+                .arg(name)
+                .arg(gid)
+                .arg(id);
+      }
+      words.Add(id, rows->FieldInteger("FatherID"), name);
     }
     CloseRecordset(rows);
-    words.AppendTo(text, gid, lost);
+    words.AppendTo(text, gid, remarks);
     Write(device, text);
     if (progress) {
       progress->Advance(1);
@@ -275,12 +300,12 @@ QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showPr
       QStringLiteral("select * from Items where SortID not in (select GID from Dictionary)"),
       connection);
   for (; !strays->IsEof(); strays->MoveNext()) {
-    lost += QStringLiteral("分类词“%1”（SortID=%2，ID=%3）的分类条目不存在，未导出。")
-                .arg(strays->FieldText("NodeName"))
-                .arg(strays->FieldInteger("SortID"))
-                .arg(strays->FieldInteger("ID"));
+    remarks += QStringLiteral("分类词“%1”（SortID=%2，ID=%3）的分类条目不存在，未导出。")
+                   .arg(strays->FieldText("NodeName"))
+                   .arg(strays->FieldInteger("SortID"))
+                   .arg(strays->FieldInteger("ID"));
   }
   CloseRecordset(strays);
   transaction.Commit();
-  return lost;
+  return remarks;
 }

@@ -20,6 +20,7 @@ void CreateTables(Connection& connection);
 // nothing, at the first line that cannot be stored.
 void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& categories);
 
-// Writes every word that hangs on its category, whatever the order of the IDs. Returns one message
-// for each word that does not and was left out.
+// Writes every word that hangs on its category, whatever the order of the IDs. Returns a message
+// for each word that does not and was left out, and for each name that import would refuse because
+// another, of which users working at the same time can make two, is equal.
 QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress);

@@ -27,7 +27,8 @@ constexpr char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
   init            建立词句库的各表；其中任何一个表已经存在时，什么也不建立
   import 文件     把大纲文件中的分类条目和分类词加到词句库已有的内容之后；
                   文件有任何错误时，指出行号，什么也不导入
-  export [文件]   把词句库写成大纲文件；不给出文件时写到标准输出
+  export [文件]   把词句库写成大纲文件；不给出文件时写到标准输出；
+                  逐一指出没有上级而未导出的词、导入前须改名的重名，退出状态为 1
 
 选项：
   --dsn 名称      数据源的名称（不给出时为 HCWordLib）
@@ -143,13 +144,13 @@ void Import(Connection& connection, const QString& fileName) {
 
 int Export(Connection& connection, const QString& fileName) {
   connection.Open();
-  QStringList lost;
+  QStringList remarks;
   if (fileName.isEmpty()) {
     QFile output;
     if (!output.open(stdout, QIODevice::WriteOnly)) {
       throw Error(QStringLiteral("无法写标准输出：%1").arg(output.errorString()));
     }
-    lost = ExportLibrary(connection, output, false);
+    remarks = ExportLibrary(connection, output, false);
     if (!output.flush()) {
       throw Error(QStringLiteral("无法写标准输出：%1").arg(output.errorString()));
     }
@@ -158,15 +159,15 @@ int Export(Connection& connection, const QString& fileName) {
     if (!output.open(QIODevice::WriteOnly)) {
       throw Error(QStringLiteral("无法写文件“%1”：%2").arg(fileName, output.errorString()));
     }
-    lost = ExportLibrary(connection, output, true);
+    remarks = ExportLibrary(connection, output, true);
     if (!output.commit()) {
       throw Error(QStringLiteral("无法写文件“%1”：%2").arg(fileName, output.errorString()));
     }
   }
-  for (const QString& message : lost) {
+  for (const QString& message : remarks) {
     PrintMessage(message);
   }
-  return lost.isEmpty() ? kSuccess : kFailure;
+  return remarks.isEmpty() ? kSuccess : kFailure;
 }
 
 int Run(const QStringList& arguments) {

@@ -28,8 +28,8 @@ class AdminTest : public EngineTest {
                               QLatin1String(command)} +
                       files);
     EXPECT_TRUE(process.waitForFinished()) << qPrintable(process.errorString());
-    const Outcome outcome = {process.readAllStandardOutput().toStdString(),
-                             process.readAllStandardError().toStdString()};
+    Outcome outcome = {process.readAllStandardOutput().toStdString(),
+                       process.readAllStandardError().toStdString()};
     // Whatever fails says why.
     EXPECT_EQ(process.exitCode(), outcome.messages.empty() ? 0 : 1) << outcome.messages;
     return outcome;
@@ -115,14 +115,15 @@ TEST_P(AdminTest, ARefusedFileLeavesTheLibraryAsItWas) {
   }
 }
 
-TEST_P(AdminTest, WordsWithoutAPlaceAreReportedAndTheRestIsExported) {
+TEST_P(AdminTest, WordsWithoutAPlaceAndEqualNamesAreReportedAndTheRestIsExported) {
   Execute("insert into Dictionary (GID,SortName,Position) values (-5,'甲',1)");
   Execute(
       "insert into Items (SortID,ID,FatherID,NodeName) values (-5,1,4,'父在后'),(-5,2,9,'无父'),"
-      "(-5,4,0,'根'),(-5,5,6,'环一'),(-5,6,5,'环二'),(8,1,0,'无条目')");
+      "(-5,3,4,'根'),(-5,4,0,'根'),(-5,5,6,'环一'),(-5,6,5,'环二'),(8,1,0,'无条目')");
   const Outcome exported = Run("export");
-  EXPECT_EQ(exported.output, "甲\n\t根\n\t\t父在后\n");
-  for (const char* lost : {"-5，ID=2）", "-5，ID=5）", "-5，ID=6）", "SortID=8，ID=1）"}) {
+  EXPECT_EQ(exported.output, "甲\n\t根\n\t\t父在后\n\t\t根\n");
+  for (const char* lost : {"-5，ID=2）", "-5，ID=5）", "-5，ID=6）", "SortID=8，ID=1）",
+                           "-5，ID=4）与同一条目的另一个重名"}) {
     EXPECT_THAT(exported.messages, testing::HasSubstr(lost));
   }
 }
