@@ -7,6 +7,7 @@
 #include "event_guard.h"
 #include "frm_main.h"
 #include "single_instance.h"
+#include "termination.h"
 #include "window_manager.h"
 
 #include <QApplication>
@@ -44,6 +45,7 @@ int Main(int argc, char** argv) {
     window = std::make_unique<frmMain>();
     window->Form_Load();
     window->show();
+    CloseOnTermination(*window);
   })();
   instance->Serve([](const ActivationToken& token) {
     QWidget* running = FindWindowByCaption(kAppTitle);

@@ -69,6 +69,17 @@ class StartUp(desktop.WindowTest):
             self.assertEqual(len(self.windows()), 1)
             self.assertEqual(self.close(winner, window), 0)
 
+    def test_end_by_the_system(self):
+        process, window = self.open()
+        place = self.move(window, 180, 90, 1100, 1011)
+        self.key("alt+h")
+        self.wait_for_menu(process)
+        self.key("Return")
+        self.window_id("关于 HCWordLib")
+        process.terminate()
+        self.assertEqual(self.end(process), 0)
+        self.check_stored(place, 1)
+
     def test_start_after_a_kill(self):
         process, _ = self.open()
         process.send_signal(signal.SIGKILL)
