@@ -10,8 +10,8 @@
 #include <QString>
 
 // The three collections of records. Every record that the program adds is stored under a key equal
-// to its NodeKey. Failures are KeyedCollection's. A
-// record in a collection is changed by Rename only.
+// to its NodeKey. Failures are KeyedCollection's. A record in a collection is changed by Rename
+// only.
 
 // The words in the tree.
 class TreePrptys {

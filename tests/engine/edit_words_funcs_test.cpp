@@ -48,7 +48,7 @@ class EditWordsFuncsTest : public EngineTest {
     std::string text;
     for (const Node* node = parent.Child(); node != nullptr; node = node->Next()) {
       const QString key = node->Key();
-      QString line = QString(level * 2, u' ') + key.mid(7) + u' ' +
+      QString line = QString(qsizetype{2} * level, u' ') + key.mid(7) + u' ' +
                      (node->Text().size() > 20 ? QStringLiteral("long") : node->Text());
       if (level == 0) {
         const DictPrpty& record = wordTree_.colDictPrptys().Item(key);
