@@ -8,6 +8,13 @@
 
 namespace {
 
+bool IsLoneSurrogate(const QString& name, qsizetype i) {
+  if (name[i].isHighSurrogate()) {
+    return i + 1 == name.size() || !name[i + 1].isLowSurrogate();
+  }
+  return name[i].isLowSurrogate() && (i == 0 || !name[i - 1].isHighSurrogate());
+}
+
 // Turns the escapes of one line's name into what they stand for.
 QString Unescape(const QString& text, int line) {
   if (text == QLatin1String("\\e")) {
@@ -50,6 +57,11 @@ QString Unescape(const QString& text, int line) {
       i += 4;
     }
   }
+  for (qsizetype i = 0; i < name.size(); ++i) {
+    if (IsLoneSurrogate(name, i)) {
+      throw LineError(line, QStringLiteral("名称中有不成对的代理项（\\ud800 至 \\udfff）。"));
+    }
+  }
   return name;
 }
 
@@ -68,13 +80,6 @@ class GivenNames {
  private:
   QHash<QString, int> lines_;
 };
-
-bool IsLoneSurrogate(const QString& name, qsizetype i) {
-  if (name[i].isHighSurrogate()) {
-    return i + 1 == name.size() || !name[i + 1].isLowSurrogate();
-  }
-  return name[i].isLowSurrogate() && (i == 0 || !name[i - 1].isHighSurrogate());
-}
 
 }  // namespace
 
@@ -148,8 +153,7 @@ void AppendOutlineLine(QByteArray& text, qsizetype depth, const QString& name) {
       line += QLatin1String("\\r");
     } else if (unit == u'\t') {
       line += QLatin1String("\\t");
-    } else if (unit < 0x20 || unit == 0x7F || unit == QChar::ByteOrderMark ||
-               IsLoneSurrogate(name, i)) {
+    } else if (unit < 0x20 || unit == 0x7F || unit == QChar::ByteOrderMark) {
       line += QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'));
     } else {
       line += name[i];

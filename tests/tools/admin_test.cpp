@@ -107,7 +107,7 @@ TEST_P(AdminTest, ARefusedFileLeavesTheLibraryAsItWas) {
                 {"铣削\n\t立铣\n\t\t立铣\n", 3}, {"\t立铣\n", 1},
                 {"铣削\n\t\t立铣\n", 2},         {"铣削\n\n", 2},
                 {"铣削\n\t立\xE9\x93\n", 2},     {"铣削\n\t立铣\\x\n", 2},
-                {"铣削\n\t\\u12-4\n", 2},        {"铣削\n\t立\t铣\n", 2}};
+                {"铣削\n\t\\ud842\n", 2},        {"铣削\n\t立\t铣\n", 2}};
   for (const auto& [outline, line] : kCases) {
     EXPECT_THAT(Import(outline).messages,
                 testing::StartsWith("hcwordlib-admin: 第 " + std::to_string(line) + " 行："));

@@ -18,7 +18,7 @@ QString Braced(QString value) {
   return u'{' + value.replace(u'}', QLatin1String("}}")) + u'}';
 }
 
-// Drivers convert between the process's encoding and UTF-16. A user's locale may be none that is
+// Drivers convert texts to and from the process's encoding. A user's locale may be none that is
 // installed, or not of UTF-8; C.UTF-8 is on every system.
 void UseUtf8() {
   const auto isUtf8 = [] { return std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0; };

@@ -39,8 +39,9 @@ void InsertStatement::Prepare(const OdbcConnection& connection, const QByteArray
 
 void InsertStatement::Bind(const NewRow& values) {
   // The longest text that goes as an ordinary one.
-  constexpr SQLLEN kMostUnits = 4000;
+  constexpr SQLLEN kMostBytes = 8000;
   lengths_.resize(values.size());
+  texts_.resize(values.size());
   SQLUSMALLINT place = 0;
   for (size_t i = 0; i < values.size(); ++i) {
     if (!values[i]) continue;
@@ -52,12 +53,11 @@ void InsertStatement::Bind(const NewRow& values) {
                                      &lengths_[i]));
       continue;
     }
-    const QString& text = std::get<QString>(*values[i]);
-    const SQLLEN units = text.size();
-    lengths_[i] = units * static_cast<SQLLEN>(sizeof(char16_t));
-    handle_.Check(SQLBindParameter(handle_.Get(), place, SQL_PARAM_INPUT, SQL_C_WCHAR,
-                                   units > kMostUnits ? SQL_WLONGVARCHAR : SQL_WVARCHAR,
-                                   static_cast<SQLULEN>(std::max<SQLLEN>(units, 1)), 0,
-                                   const_cast<ushort*>(text.utf16()), lengths_[i], &lengths_[i]));
+    texts_[i] = std::get<QString>(*values[i]).toUtf8();
+    lengths_[i] = texts_[i].size();
+    handle_.Check(SQLBindParameter(handle_.Get(), place, SQL_PARAM_INPUT, SQL_C_CHAR,
+                                   lengths_[i] > kMostBytes ? SQL_LONGVARCHAR : SQL_VARCHAR,
+                                   static_cast<SQLULEN>(std::max<SQLLEN>(lengths_[i], 1)), 0,
+                                   texts_[i].data(), lengths_[i], &lengths_[i]));
   }
 }

@@ -27,5 +27,7 @@ class InsertStatement {
 
   OdbcHandle handle_;
   QByteArray text_;
+  // What the driver reads while the statement runs.
+  std::vector<QByteArray> texts_;
   std::vector<SQLLEN> lengths_;
 };

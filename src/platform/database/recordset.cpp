@@ -21,14 +21,14 @@ namespace {
 // forward-only cursor is the fastest one with every driver.
 RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement) {
   // Enough for nearly every name; when it is not, the statement is run again.
-  constexpr size_t kTextUnits = 512;
+  constexpr size_t kTextBytes = 1024;
   TakeDatabaseStep();
   QByteArray text = statement.toUtf8();
   RowBuffer rows;
-  for (size_t textUnits = kTextUnits; textUnits != 0;) {
+  for (size_t textBytes = kTextBytes; textBytes != 0;) {
     const OdbcHandle hstmt = connection.NewStatement();
     hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(text), SQL_NTS));
-    textUnits = rows.Read(hstmt, textUnits);
+    textBytes = rows.Read(hstmt, textBytes);
   }
   return rows;
 }

@@ -5,18 +5,20 @@
 
 #include "database_error.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <memory>
 
 namespace {
 
-static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
-
 constexpr size_t kBlockRows = 64;
 // Up to here, a column's texts have place for all that the column can hold.
-constexpr size_t kMostColumnUnits = 8192;
+constexpr size_t kMostColumnBytes = 16384;
 // Up to here, places grow.
-constexpr size_t kMostTextUnits = size_t{1} << 23;
+constexpr size_t kMostTextBytes = size_t{1} << 24;
+// The longest UTF-8 sequence.
+constexpr size_t kMostBytes = 4;
 
 // `digits`: behind the decimal point. Some engines have no other integers than decimal numbers.
 bool IsInteger(SQLSMALLINT type, SQLSMALLINT digits) {
@@ -27,9 +29,19 @@ bool IsInteger(SQLSMALLINT type, SQLSMALLINT digits) {
 // Where the driver puts one column of a block.
 struct BlockColumn {
   std::unique_ptr<SQLBIGINT[]> numbers;
-  std::unique_ptr<char16_t[]> units;
+  std::unique_ptr<char[]> bytes;
   SQLLEN lengths[kBlockRows] = {};
 };
+
+void AppendUtf8(std::u16string& text, QByteArrayView utf8) {
+  QStringDecoder decoder(QStringDecoder::Utf8,  // a byte order mark is part of the text
+                         QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+  const size_t before = text.size();
+  text.resize(before + static_cast<size_t>(decoder.requiredSpace(utf8.size())));
+  const auto* const end =
+      decoder.appendToBuffer(reinterpret_cast<QChar*>(text.data() + before), utf8);
+  text.resize(static_cast<size_t>(end - reinterpret_cast<const QChar*>(text.data())));
+}
 
 char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
@@ -76,17 +88,16 @@ void RowBuffer::TakeColumns(const OdbcHandle& statement) {
                                    &size, &digits, nullptr));
     columns_[i].name = name;
     columns_[i].isText = !IsInteger(type, digits);
-    // A character takes up to two units.
-    columns_[i].units = columns_[i].isText ? size * 2 : 0;
+    columns_[i].bytes = columns_[i].isText ? size * kMostBytes : 0;
   }
 }
 
-size_t RowBuffer::Read(const OdbcHandle& statement, size_t textUnits) {
+size_t RowBuffer::Read(const OdbcHandle& statement, size_t textBytes) {
   TakeColumns(statement);
   for (const Column& c : columns_) {
-    if (c.units <= kMostColumnUnits) textUnits = std::max(textUnits, c.units + 3);
+    if (c.bytes <= kMostColumnBytes) textBytes = std::max(textBytes, c.bytes + kMostBytes + 1);
   }
-  const size_t blockRows = textUnits <= kMostColumnUnits + 3 ? kBlockRows : 1;
+  const size_t blockRows = textBytes <= kMostColumnBytes + kMostBytes + 1 ? kBlockRows : 1;
   const SQLHSTMT hstmt = statement.Get();
   SQLULEN rowsFetched = 0;
   SQLUSMALLINT rowStatus[kBlockRows] = {};
@@ -97,10 +108,9 @@ size_t RowBuffer::Read(const OdbcHandle& statement, size_t textUnits) {
   for (size_t i = 0; i < columns_.size(); ++i) {
     const auto number = static_cast<SQLUSMALLINT>(i + 1);
     if (columns_[i].isText) {
-      block[i].units.reset(new char16_t[blockRows * textUnits]);
-      statement.Check(SQLBindCol(hstmt, number, SQL_C_WCHAR, block[i].units.get(),
-                                 static_cast<SQLLEN>(textUnits * sizeof(char16_t)),
-                                 block[i].lengths));
+      block[i].bytes.reset(new char[blockRows * textBytes]);
+      statement.Check(SQLBindCol(hstmt, number, SQL_C_CHAR, block[i].bytes.get(),
+                                 static_cast<SQLLEN>(textBytes), block[i].lengths));
     } else {
       block[i].numbers.reset(new SQLBIGINT[blockRows]);
       statement.Check(SQLBindCol(hstmt, number, SQL_C_SBIGINT, block[i].numbers.get(),
@@ -111,7 +121,7 @@ size_t RowBuffer::Read(const OdbcHandle& statement, size_t textUnits) {
   // Drivers differ in how they tell that they cut a text: by a warning, by the length alone, by an
   // error, or by nothing but that no terminator stands behind the text. So each of these is taken
   // for that, until the place cannot grow any more.
-  const bool canGrow = textUnits < kMostTextUnits;
+  const bool canGrow = textBytes < kMostTextBytes;
   bool isDoubtful = false;
   size_t longest = 0;
   for (;;) {
@@ -133,24 +143,21 @@ size_t RowBuffer::Read(const OdbcHandle& statement, size_t textUnits) {
           continue;
         }
         if (length != SQL_NULL_DATA) {
-          const char16_t* place = block[i].units.get() + row * textUnits;
-          size_t units = length < 0 ? textUnits : static_cast<size_t>(length) / sizeof(char16_t);
-          longest = std::max(longest, units);
-          units = std::min(units, textUnits - 1);
-          // One driver tells too short a length; its terminator is where it belongs.
-          while (units < textUnits - 1 && place[units] != 0) ++units;
-          longest = std::max(longest, units);
-          if (place[units] != 0) isDoubtful = true;
-          c.text.append(place, units);
+          const char* place = block[i].bytes.get() + row * textBytes;
+          size_t bytes = length < 0 ? textBytes : static_cast<size_t>(length);
+          longest = std::max(longest, bytes);
+          bytes = std::min(bytes, textBytes - 1);
+          if (place[bytes] != 0) isDoubtful = true;
+          AppendUtf8(c.text, QByteArrayView(place, static_cast<qsizetype>(bytes)));
         }
         c.ends.push_back(c.text.size());
       }
     }
     rowCount_ += rowsFetched;
   }
-  // A text that fills its place may have been cut, or lost its last surrogate pair.
-  const bool isFull = longest + 2 >= textUnits;
+  // A text that fills its place may have been cut, or lost its last character.
+  const bool isFull = longest + kMostBytes >= textBytes;
   if (!canGrow && isFull) throw DatabaseError(QStringLiteral("数据库中的文字太长。"));
   if (!canGrow || (!isFull && !isDoubtful)) return 0;
-  return std::min(std::max(longest + 3, textUnits * 4), kMostTextUnits);
+  return std::min(std::max(longest + kMostBytes + 1, textBytes * 4), kMostTextBytes);
 }

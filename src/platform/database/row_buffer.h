@@ -16,9 +16,9 @@
 class RowBuffer {
  public:
   // Takes the columns of the executed `statement` and its rows, in blocks with a place of at least
-  // `textUnits` UTF-16 units for each text. 0 when that was enough. Otherwise the rows are
-  // incomplete, and the result is the number of units to try next.
-  size_t Read(const OdbcHandle& statement, size_t textUnits);
+  // `textBytes` bytes for each text, which drivers give in UTF-8. 0 when that was enough. Otherwise
+  // the rows are incomplete, and the result is the number of bytes to try next.
+  size_t Read(const OdbcHandle& statement, size_t textBytes);
 
   size_t RowCount() const { return rowCount_; }
   size_t ColumnCount() const { return columns_.size(); }
@@ -46,7 +46,7 @@ class RowBuffer {
   struct Column {
     QByteArray name;
     bool isText = false;
-    size_t units = 0;  // the longest text as far as the driver knows
+    size_t bytes = 0;  // the longest text as far as the driver knows
     std::vector<qint64> numbers;
     std::u16string text;
     std::vector<size_t> ends;

@@ -98,6 +98,16 @@ TEST_P(RecordsetTest, NamesAreStoredAndFoundExactly) {
           "'; delete from Items; --|-- 注释|/* 注释 */|# 注释|?|你?我:b $1 $$ @x|{d '2020-01-01'}|"
           "{fn now()}|delete * from Items|制表\t换行\n回车\r|NULL|| ")
           .split(u'|');
+  // Every character of the basic plane, and some beyond: drivers err on single ones.
+  for (char32_t first = 0x20; first < 0x20400; first += 0x80) {
+    if (first == 0x10000) first = 0x1F300;
+    QString name;
+    for (char32_t c = first; c < first + 0x80; ++c) {
+      if (!QChar::isSurrogate(c) && c != 0x7F) name += QString::fromUcs4(&c, 1);
+      if (c == 0xFFFD) break;
+    }
+    if (!name.isEmpty()) names += name;
+  }
   Recordset all;
   OpenForAdding(all, kWords);
   for (qint32 id = 1; id <= names.size(); ++id) AddWord(all, id, names[id - 1]);
@@ -122,8 +132,8 @@ TEST_P(RecordsetTest, NamesAreStoredAndFoundExactly) {
 TEST_P(RecordsetTest, LongTextsComeBackWholeOrAreRefused) {
   QStringList names;
   // Around the size of a reading block, and the edges of the pieces that a longer text is read in.
-  for (int units = 508; units <= 514; ++units) {
-    names << QString(units, u'长') << QString(units - 1, u'a') + QStringLiteral("𠮷尾");
+  for (int bytes = 1016; bytes <= 1026; ++bytes) {
+    names << QString(bytes, u'a') << QString(bytes - 7, u'a') + QStringLiteral("𠮷尾");
   }
   for (int units : {3998, 1999, 12500}) names += QStringLiteral("𠮷").repeated(units) + u'尾';
   Recordset words;
