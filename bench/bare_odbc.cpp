@@ -16,7 +16,7 @@
 namespace {
 
 constexpr size_t kRows = 256;
-constexpr size_t kTextUnits = 256;
+constexpr size_t kTextBytes = 1024;
 
 SQLRETURN Check(SQLSMALLINT type, SQLHANDLE handle, SQLRETURN result) {
   if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA) return result;
@@ -86,7 +86,7 @@ qint64 BareOdbc::ReadBound(const QString& statement) const {
   const Query query(connection_, statement);
   struct Column {
     std::array<SQLINTEGER, kRows> numbers;
-    std::array<SQLWCHAR, kRows * kTextUnits> texts;
+    std::array<SQLCHAR, kRows * kTextBytes> texts;
     std::array<SQLLEN, kRows> lengths;
   };
   std::vector<Column> columns(query.isNumber.size());
@@ -99,8 +99,8 @@ qint64 BareOdbc::ReadBound(const QString& statement) const {
     query.Run(query.isNumber[i]
                   ? SQLBindCol(query.handle, number, SQL_C_SLONG, column.numbers.data(),
                                sizeof(SQLINTEGER), column.lengths.data())
-                  : SQLBindCol(query.handle, number, SQL_C_WCHAR, column.texts.data(),
-                               kTextUnits * sizeof(SQLWCHAR), column.lengths.data()));
+                  : SQLBindCol(query.handle, number, SQL_C_CHAR, column.texts.data(), kTextBytes,
+                               column.lengths.data()));
   }
   qint64 rows = 0;
   while (query.Run(SQLFetch(query.handle)) != SQL_NO_DATA) rows += static_cast<qint64>(fetched);
@@ -110,7 +110,7 @@ qint64 BareOdbc::ReadBound(const QString& statement) const {
 qint64 BareOdbc::ReadByGetData(const QString& statement) const {
   const Query query(connection_, statement);
   SQLINTEGER integer = 0;
-  SQLWCHAR text[kTextUnits];
+  SQLCHAR text[kTextBytes];
   SQLLEN length = 0;
   qint64 rows = 0;
   while (query.Run(SQLFetch(query.handle)) != SQL_NO_DATA) {
@@ -118,7 +118,7 @@ qint64 BareOdbc::ReadByGetData(const QString& statement) const {
       const auto number = static_cast<SQLUSMALLINT>(i + 1);
       query.Run(query.isNumber[i]
                     ? SQLGetData(query.handle, number, SQL_C_SLONG, &integer, 0, &length)
-                    : SQLGetData(query.handle, number, SQL_C_WCHAR, text, sizeof text, &length));
+                    : SQLGetData(query.handle, number, SQL_C_CHAR, text, sizeof text, &length));
     }
     ++rows;
   }
