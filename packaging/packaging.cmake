@@ -34,5 +34,5 @@ set(CPACK_DEBIAN_PACKAGE_SECTION editors)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, unixodbc, libsqliteodbc")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "odbc-postgresql, odbc-mariadb, qt6-translations-l10n, fonts-noto-cjk, fcitx5-frontend-qt6, qt6-wayland")
+    "odbc-postgresql, odbc-mariadb, qt6-translations-l10n, fonts-noto-cjk, fonts-arphic-ukai, fcitx5-frontend-qt6, qt6-wayland")
 include(CPack)

@@ -143,8 +143,8 @@ std::vector<OutlineCategory> ParseOutline(const QByteArray& text) {
 
 void AppendOutlineLine(QByteArray& text, qsizetype depth, const QString& name) {
   QString line(depth, QLatin1Char('\t'));
-  for (qsizetype i = 0; i < name.size(); ++i) {
-    const char16_t unit = name[i].unicode();
+  for (const QChar character : name) {
+    const char16_t unit = character.unicode();
     if (unit == u'\\') {
       line += QLatin1String("\\\\");
     } else if (unit == u'\n') {
@@ -156,7 +156,7 @@ void AppendOutlineLine(QByteArray& text, qsizetype depth, const QString& name) {
     } else if (unit < 0x20 || unit == 0x7F || unit == QChar::ByteOrderMark) {
       line += QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'));
     } else {
-      line += name[i];
+      line += character;
     }
   }
   if (name.isEmpty()) {

@@ -10,14 +10,14 @@
 #include <QWindow>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 
 namespace {
 
-// The value set, unless the window's own differs by more than a fractional scale's rounding.
+// The value set, unless the window's own differs by more than what a scale's rounding explains,
+// also that of a frame which Qt draws itself and which need not be a whole number of pixels.
 float Settled(float wanted, int actual, qreal scale) {
-  const int rounding = std::floor(scale) == scale ? 0 : 1;
+  const int rounding = scale == 1 ? 0 : 1;
   if (std::abs(actual - TwipsToPixels(wanted)) <= rounding) return wanted;
   return PixelsToTwips(actual);
 }
