@@ -103,6 +103,17 @@ void StoreCategory(const OutlineCategory& category, Connection& connection, Data
   }
 }
 
+// What keeps `name` from being imported as it is, or an empty text; `names` are those before it.
+QString Obstacle(const QString& name, QSet<QString>& names) {
+  const qsizetype before = names.size();
+  names.insert(name);
+  if (names.size() == before) return QStringLiteral("与前面的一个重名：已导出，导入前须改名。");
+  if (name.contains(QChar(u'\0'))) {
+    return QStringLiteral("的名称中有空字符：已导出，导入前须改名。");
+  }
+  return QString();
+}
+
 // The words of one category, linked as the tree has them.
 class WordForest {
  public:
@@ -110,14 +121,19 @@ class WordForest {
     words_.push_back({id, fatherId, std::move(name)});
   }
 
-  // Appends the lines of all words that hang on the category, and to `remarks` the others.
+  // Appends the lines of all words that hang on the category, and to `remarks` the others and the
+  // names that cannot be imported as they are.
   void AppendTo(QByteArray& text, qint32 gid, QStringList& remarks) {
     Link();
+    QSet<QString> names;
     qsizetype depth = 1;
     for (qsizetype at = firstRoot_; at != kNone;) {
       Word& word = words_[at];
       AppendOutlineLine(text, depth, word.name);
       word.isWritten = true;
+      if (const QString why = Obstacle(word.name, names); !why.isEmpty()) {
+        remarks += Description(word, gid) + why;
+      }
       if (word.firstChild != kNone) {
         at = word.firstChild;
         ++depth;
@@ -131,12 +147,8 @@ class WordForest {
     }
     for (const Word& word : words_) {
       if (!word.isWritten) {
-        remarks +=
-            QStringLiteral("分类词“%1”（SortID=%2，ID=%3）的上级 FatherID=%4 不在树中，未导出。")
-                .arg(word.name)
-                .arg(gid)
-                .arg(word.id)
-                .arg(word.fatherId);
+        remarks += Description(word, gid) +
+                   QStringLiteral("的上级 FatherID=%1 不在树中，未导出。").arg(word.fatherId);
       }
     }
   }
@@ -153,6 +165,10 @@ class WordForest {
     qsizetype next = kNone;
     bool isWritten = false;
   };
+
+  static QString Description(const Word& word, qint32 gid) {
+    return QStringLiteral("分类词“%1”（SortID=%2，ID=%3）").arg(word.name).arg(gid).arg(word.id);
+  }
 
   // Hangs every word before the earlier linked ones of its parent, from the last word to the first.
   void Link() {
@@ -179,13 +195,6 @@ class WordForest {
   std::vector<Word> words_;
   qsizetype firstRoot_ = kNone;
 };
-
-// False when it is there already.
-bool Insert(QSet<QString>& names, const QString& name) {
-  const qsizetype before = names.size();
-  names.insert(name);
-  return names.size() > before;
-}
 
 void Write(QIODevice& device, const QByteArray& text) {
   if (device.write(text) != text.size()) {
@@ -264,28 +273,16 @@ QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showPr
   for (; !categories->IsEof(); categories->MoveNext()) {
     const qint32 gid = categories->FieldInteger("GID");
     const QString sortName = categories->FieldText("SortName");
-    if (!Insert(categoryNames, sortName)) {
-      remarks += QStringLiteral("分类条目“%1”（GID=%2）与另一个重名：已导出，导入前须改名。")
-                     .arg(sortName)
-                     .arg(gid);
+    if (const QString why = Obstacle(sortName, categoryNames); !why.isEmpty()) {
+      remarks += QStringLiteral("分类条目“%1”（GID=%2）").arg(sortName).arg(gid) + why;
     }
     QByteArray text;
     AppendOutlineLine(text, 0, sortName);
-    QSet<QString> names;
     WordForest words;
     auto rows = OpenToRead(Statement::SelectWords(gid), connection);
     for (; !rows->IsEof(); rows->MoveNext()) {
-      const qint32 id = rows->FieldInteger("ID");
-      const QString name = rows->FieldText("NodeName");
-      if (!Insert(names, name)) {
-        remarks +=
-            QStringLiteral(
-                "分类词“%1”（SortID=%2，ID=%3）与同一条目的另一个重名：已导出，导入前须改名。")
-                .arg(name)
-                .arg(gid)
-                .arg(id);
-      }
-      words.Add(id, rows->FieldInteger("FatherID"), name);
+      words.Add(rows->FieldInteger("ID"), rows->FieldInteger("FatherID"),
+                rows->FieldText("NodeName"));
     }
     CloseRecordset(rows);
     words.AppendTo(text, gid, remarks);

@@ -21,6 +21,7 @@ void CreateTables(Connection& connection);
 void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& categories);
 
 // Writes every word that hangs on its category, whatever the order of the IDs. Returns a message
-// for each word that does not and was left out, and for each name that import would refuse because
-// another, of which users working at the same time can make two, is equal.
+// for each word that does not and was left out, and for each name that import would refuse: one
+// that has an equal before it, which users working at the same time can make, or holds a null
+// character.
 QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress);

@@ -69,6 +69,15 @@ class StartUp(desktop.WindowTest):
             self.assertEqual(len(self.windows()), 1)
             self.assertEqual(self.close(winner, window), 0)
 
+    def test_a_place_outside_the_screen_is_not_taken(self):
+        config = self.home / "XDG_CONFIG_HOME"
+        config.mkdir(exist_ok=True)
+        (config / "HCWordLib.conf").write_text("[Settings]\nMainLeft=900000\nMainTop=-90000\n", encoding="utf-8")
+        process, window = self.open()
+        left, top, _, _ = self.geometry(window)
+        self.assertTrue(0 <= left < 1600 and 0 <= top < 1200, (left, top))
+        self.assertEqual(self.close(process, window), 0)
+
     def test_end_by_the_system(self):
         process, window = self.open()
         place = self.move(window, 180, 90, 1100, 1011)

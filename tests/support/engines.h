@@ -31,7 +31,8 @@ QString ConnectionStringOf(const Engine& engine);
 // The statements of the engine's schema.
 QStringList SchemaOf(const Engine& engine);
 
-// Drops the library's tables, if there are any, and makes them again, empty.
+// Drops the library's tables, if there are any, and makes them again, empty. One process at a time
+// may use an engine.
 void MakeEmptyLibrary(const Engine& engine, Connection& connection);
 
 // The base of tests that run on each engine: an empty library and an open connection to it. Use

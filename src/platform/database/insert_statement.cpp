@@ -56,7 +56,7 @@ void InsertStatement::Bind(const NewRow& values) {
     texts_[i] = std::get<QString>(*values[i]).toUtf8();
     lengths_[i] = texts_[i].size();
     handle_.Check(SQLBindParameter(handle_.Get(), place, SQL_PARAM_INPUT, SQL_C_CHAR,
-                                   lengths_[i] > kMostBytes ? SQL_LONGVARCHAR : SQL_VARCHAR,
+                                   lengths_[i] > kMostBytes ? SQL_WLONGVARCHAR : SQL_WVARCHAR,
                                    static_cast<SQLULEN>(std::max<SQLLEN>(lengths_[i], 1)), 0,
                                    texts_[i].data(), lengths_[i], &lengths_[i]));
   }

@@ -10,6 +10,7 @@
 
 #include <fcntl.h>
 #include <unistd.h>
+#include <cerrno>
 #include <csignal>
 
 namespace {
@@ -25,15 +26,12 @@ void PassOn(int signal) {
 }
 
 void Close(QWidget& window) {
+  // Again, as long as the loop runs: whoever waits for a box goes on first, and what reports that
+  // the window could not be closed properly is a box, too.
+  QTimer::singleShot(0, &window, [&window] { Close(window); });
   QWidget* inFront = QApplication::activePopupWidget();
   if (inFront == nullptr) inFront = QApplication::activeModalWidget();
-  if (inFront == nullptr) {
-    window.close();
-    return;
-  }
-  inFront->close();
-  // Whoever waits for the box goes on first.
-  QTimer::singleShot(0, &window, [&window] { Close(window); });
+  (inFront != nullptr ? inFront : &window)->close();
 }
 
 }  // namespace
@@ -48,5 +46,9 @@ void CloseOnTermination(QWidget& window) {
   struct sigaction action = {};
   action.sa_handler = PassOn;
   action.sa_flags = SA_RESTART;
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) sigaction(signal, &action, nullptr);
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    struct sigaction before = {};
+    sigaction(signal, nullptr, &before);
+    if (before.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);  // nohup ignores SIGHUP
+  }
 }

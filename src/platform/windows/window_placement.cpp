@@ -10,15 +10,17 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
 
-// The value set, unless the window's own differs by more than what a scale's rounding explains,
-// also that of a frame which Qt draws itself and which need not be a whole number of pixels.
+// The value set, unless the window's own differs by more than what rounding explains: that of a
+// fractional scale and, on Wayland, that of the frame that Qt draws itself.
 float Settled(float wanted, int actual, qreal scale) {
-  const int rounding = scale == 1 ? 0 : 1;
-  if (std::abs(actual - TwipsToPixels(wanted)) <= rounding) return wanted;
+  const bool drawsFrame = QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+  const bool rounds = std::floor(scale) != scale || (drawsFrame && scale != 1);
+  if (std::abs(actual - TwipsToPixels(wanted)) <= (rounds ? 1 : 0)) return wanted;
   return PixelsToTwips(actual);
 }
 

@@ -131,7 +131,7 @@ TEST_P(RecordsetTest, NamesAreStoredAndFoundExactly) {
 
 TEST_P(RecordsetTest, LongTextsComeBackWholeOrAreRefused) {
   QStringList names;
-  // Around the size of a reading block, and the edges of the pieces that a longer text is read in.
+  // Around the size of the place that a text is read into first, and far beyond it.
   for (int bytes = 1016; bytes <= 1026; ++bytes) {
     names << QString(bytes, u'a') << QString(bytes - 7, u'a') + QStringLiteral("𠮷尾");
   }
@@ -162,6 +162,7 @@ TEST_P(RecordsetTest, ErrorsSayWhatTheDriverSays) {
   EXPECT_TRUE(duplicate.IsDuplicateKey());
   EXPECT_FALSE(duplicate.Description().startsWith(u'['));
   EXPECT_EQ(Categories(connection_), "1|钻削|1\n");
+  EXPECT_FALSE(raised(connection_, "insert into Dictionary (GID) values (2)").IsDuplicateKey());
   const DatabaseError missing = raised(connection_, "delete * from 没有的表");
   EXPECT_FALSE(missing.IsDuplicateKey());
   EXPECT_TRUE(missing.Description().contains(QStringLiteral("没有的表")));

@@ -78,7 +78,7 @@ TEST_F(BrowsingTest, OnlyAClickOnPictureOrLabelSelects) {
     const int x = tvTreeView->viewport()->mapTo(window_.get(), label).x() - distance;
     QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {}, QPoint(x, label.y()));
   };
-  Label("车削");
+  Label("车削");                               // shows it
   for (const bool expanded : {true, false}) {  // on the box
     clickLeftOfLabel(21 + tvTreeView->indentation() / 2);
     EXPECT_EQ(tvTreeView->Expanded(At("车削")), expanded);

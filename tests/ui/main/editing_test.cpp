@@ -5,6 +5,7 @@
 
 #include "rows.h"
 #include "shared_objects.h"
+#include "word_tree.h"
 
 #include <QApplication>
 
@@ -149,6 +150,7 @@ TEST_F(EditingTest, DeletesOnlyWhenConfirmed) {
   Delete("车削/粗车/粗车外圆", kPlaces[0]);
   EXPECT_EQ(Tree(), "车削(粗车(粗车端面) 精车) 热处理(淬火 粗车) 空类");
   EXPECT_EQ(Selected(), "车削/粗车/粗车端面");  // the next one
+  EXPECT_EQ(TheWordTree().colTreePrptys().Count(), 5);
   Audit();
   Delete("热处理", kPlaces[1]);
   EXPECT_EQ(Tree(), "车削(粗车(粗车端面) 精车) 空类");

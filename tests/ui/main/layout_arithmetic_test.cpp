@@ -12,6 +12,8 @@ namespace {
 // The window before its first layout.
 Layout Fresh() {
   Layout layout;
+  layout.Image1 = {0, 0, 480, 480};
+  layout.Label1 = {0, 0, 345, 1635};
   layout.picShowSplitter.width = 60;
   return layout;
 }
@@ -29,6 +31,8 @@ void Expect(const char* name, Layout layout, const LayoutInput& input, float tre
     text << r.left << "," << r.top << " " << r.width << "x" << r.height << "; ";
   }
   EXPECT_EQ(text.str(), places) << name;
+  EXPECT_EQ(layout.Image1, (TwipsRect{100, 150, 480, 480})) << name;
+  EXPECT_EQ(layout.Label1, (TwipsRect{150, 1200, 345, 1635})) << name;
   EXPECT_EQ(layout.columnWidth, layout.lvListView.width) << name;
 }
 

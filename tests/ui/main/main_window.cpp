@@ -165,8 +165,6 @@ void MainWindowTest::AnswerMessage() {
                                                                      : "critical";
   const QString message = box->windowTitle() + u'|' + box->text() + u'|' + QLatin1String(icon);
   messages_ += (message + buttons + u'\n').toStdString();
-  // One that ends the process is read from there.
-  std::fprintf(stderr, "%s\n", qUtf8Printable(message + buttons));
   if (meanwhile_) std::exchange(meanwhile_, {})();
   button_.clear();
   // As a window manager does, once the box is gone.
@@ -189,7 +187,7 @@ void MainWindowTest::Audit(Orphans orphans) const {
         qint32 before = 0;
         for (const Node* node = parent.Child(); node != nullptr; node = node->Next()) {
           const TreePrpty& word = records.colTreePrptys().Item(node->Key());
-          auditNode(*node, word, kWordTag, kWordImage);
+          auditNode(*node, word, kWordTag, 3);
           EXPECT_EQ(word.Tag(), kWordTag);
           EXPECT_EQ(word.FatherKey(), parent.Key());
           EXPECT_EQ(word.FatherID(), fatherId);
@@ -201,7 +199,7 @@ void MainWindowTest::Audit(Orphans orphans) const {
       };
   for (const Node* node = At("").Child(); node != nullptr; node = node->Next()) {
     const DictPrpty& category = records.colDictPrptys().Item(node->Key());
-    auditNode(*node, category, kCategoryTag, kCategoryImage);
+    auditNode(*node, category, kCategoryTag, 2);
     EXPECT_EQ(category.Tag(), QString());
     categories += Row(category.DicID(), node->Text(), category.Position());
     auditWords(*node, category.DicID(), 0);
@@ -225,6 +223,6 @@ void MainWindowTest::Audit(Orphans orphans) const {
     EXPECT_EQ(record.NodeKey(), item.Key());
     EXPECT_EQ(record.NodeName(), item.Text());
     EXPECT_EQ(record.Tag(), category ? QString() : kWordTag);
-    EXPECT_EQ(item.Icon(), category ? kCategoryImage : kWordImage);
+    EXPECT_EQ(item.Icon(), category ? 2 : 3);
   }
 }

@@ -3,8 +3,10 @@
 
 #include "main_window.h"
 
+#include "band_container.h"
 #include "picture_box.h"
 #include "system_colors.h"
+#include "twips.h"
 
 #include <QApplication>
 #include <QImage>
@@ -50,6 +52,17 @@ class PanesTest : public MainWindowTest {
 
 TEST_F(PanesTest, TakeTheRoomOfABarThatIsHidden) {
   const QRect before = Place("picTreeContain");
+  const auto rectOf = [](float left, float top, float width, float height) {
+    return TwipsRect{left, top, width, height}.ToPixels();
+  };
+  const float top = Find<BandContainer>("cbToolBar")->Height() + 60;
+  const float height = PixelsToTwips(before.height());
+  const float right = PixelsToTwips(Width()) - 5160;
+  EXPECT_EQ(before, rectOf(0, top, 5000, height));
+  EXPECT_EQ(Place("tvTreeView"), rectOf(30, 260, 4860, height - 330));
+  EXPECT_EQ(Place("picListContain"), rectOf(5020, top + 80, right, height - 90));
+  EXPECT_EQ(Place("lvListView"), rectOf(800, 10, right - 820, height - 100));
+  EXPECT_EQ(Place("cbStatusBar").top(), TwipsToPixels(top + height - 60));
   for (const char* toggle : {"mnuViewToolbar", "mnuViewStatusBar"}) {
     EXPECT_TRUE(Find<QAction>(toggle)->isChecked());
     Choose(toggle);
@@ -151,8 +164,9 @@ TEST_F(PanesTest, TheCloseGlyphFollowsThePointer) {
   const struct {
     int x, y;
     const char* look;
-  } hovers[] = {{320, 10, "plain"}, {321, 9, "raised"},  {321, 8, "plain"},   {323, 12, "raised"},
-                {324, 12, "plain"}, {322, 10, "raised"}, {322, 100, "plain"},  // over the tree
+  } hovers[] = {{320, 10, "plain"},  {321, 9, "raised"},  {321, 8, "plain"},
+                {323, 12, "raised"}, {324, 12, "plain"},  {323, 13, "plain"},
+                {322, 10, "raised"}, {322, 100, "plain"},  // over the tree
                 {322, 10, "raised"}};
   for (const auto& hover : hovers) {
     Move(at(hover.x, hover.y));
