@@ -3,7 +3,6 @@
 
 #include "main_window.h"
 
-#include "engines.h"
 #include "entry_scheme.h"
 #include "rows.h"
 #include "settings.h"
@@ -25,8 +24,12 @@ void MakeLibrary() {
   Connection connection;
   connection.SetConnectionString(QStringLiteral("DSN=HCWordLib"));
   connection.Open();
-  MakeEmptyLibrary(kEngines[0], connection);
-  connection.Execute(QStringLiteral("insert into GUIDLists values (1,2,3,4,12)"));
+  MakeEmptyLibrary(TestedEngine(), connection);
+  const QString numbers = QStringLiteral(",(1,2,3,4)").repeated(12).mid(1);  // 1 to 12
+  connection.Execute(
+      QStringLiteral(
+          "insert into GUIDLists (GUIDField1,GUIDField2,GUIDField3,GUIDField4) values ") +
+      numbers);
   connection.Execute(
       QStringLiteral("insert into Dictionary (GID,SortName,Position) values "
                      "(7,'车削',1),(9,'热处理',2),(12,'空类',4)"));
@@ -48,6 +51,13 @@ std::string Row(const Values&... values) {
 }
 
 }  // namespace
+
+const Engine& TestedEngine() {
+  const QByteArray name = qgetenv("HCW_TEST_ENGINE");
+  const auto* const found = std::find_if(std::begin(kEngines), std::end(kEngines),
+                                         [&](const Engine& engine) { return engine.name == name; });
+  return found == std::end(kEngines) ? kEngines[0] : *found;
+}
 
 MainWindowTest::MainWindowTest() {
   QObject::connect(&answers_, &QTimer::timeout, [this] { AnswerMessage(); });

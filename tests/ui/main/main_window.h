@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "engines.h"
 #include "frm_main.h"
 #include "list_view.h"
 #include "tree_view.h"
@@ -17,6 +18,9 @@
 #include <functional>
 #include <memory>
 #include <string>
+
+// The engine that HCW_TEST_ENGINE names, else SQLite: the one that this process runs on.
+const Engine& TestedEngine();
 
 enum class Orphans { kNone, kAllowed };
 
