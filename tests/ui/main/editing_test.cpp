@@ -119,7 +119,9 @@ TEST_F(EditingTest, ARefusedNameIsNotLeft) {
       [this] { Click("热处理"); },
   };
   for (const auto& way : ways) {
-    for (const char* name : {"粗车", ""}) {
+    for (const auto& [name, atOnce] :
+         {std::pair("粗车", false), {"粗车", true}, {"", false}, {"", true}}) {
+      activatesAtOnce_ = atOnce;
       Select("车削/精车");
       Rename();
       Type(name, 0);

@@ -177,8 +177,12 @@ void MainWindowTest::AnswerMessage() {
   messages_ += (message + buttons + u'\n').toStdString();
   if (meanwhile_) std::exchange(meanwhile_, {})();
   button_.clear();
-  // As a window manager does, once the box is gone.
-  QTimer::singleShot(0, box->parentWidget(), &QWidget::activateWindow);
+  // As window managers do: at once, or some time after the box is gone.
+  if (activatesAtOnce_) {
+    QObject::connect(box, &QDialog::finished, box->parentWidget(), &QWidget::activateWindow);
+  } else {
+    QTimer::singleShot(0, box->parentWidget(), &QWidget::activateWindow);
+  }
   answer->click();
 }
 

@@ -81,6 +81,7 @@ class MainWindowTest : public testing::Test {
     return found;
   }
 
+  bool activatesAtOnce_ = false;  // the main window, after a message
   std::unique_ptr<frmMain> window_;
   TreeView* tvTreeView = nullptr;
   ListView* lvListView = nullptr;
