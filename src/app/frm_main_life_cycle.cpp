@@ -99,14 +99,16 @@ void frmMain::LoadWordLib() {
   ReportSkippedWords(TheEditFuncs().SkippedWords());
 }
 
+// A name that is refused keeps the window open, with the editor on it.
 void frmMain::closeEvent(QCloseEvent* event) {
-  event->accept();
-  if (!isVisible()) return;  // asked to close twice
-  Guarded([this] {
-    tvTreeView->CancelLabelEdit();
+  bool closes = false;
+  Guarded([this, &closes] {
+    closes = tvTreeView->EndLabelEdit() || isTerminating_;
+    if (!closes || !isVisible()) return;  // or asked to close twice
     Form_QueryUnload();
     Form_Unload();
   })();
+  event->setAccepted(closes);
 }
 
 void frmMain::Form_QueryUnload() {

@@ -47,7 +47,7 @@ int Main(int argc, char** argv) {
     window = std::make_unique<frmMain>();
     window->Form_Load();
     window->show();
-    CloseOnTermination(*window);
+    CloseOnTermination(*window, [&window] { window->PrepareToTerminate(); });
   })();
   instance->Serve([](const ActivationToken& token) {
     QWidget* running = FindWindowByCaption(kAppTitle);

@@ -3,20 +3,65 @@
 
 #include "label_editor.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QClipboard>
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QToolTip>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+
+bool IsBreak(QChar c) {
+  return c == u'\t' || c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == QChar(0x85) ||
+         c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
+// What of a text that comes in from elsewhere can be part of a label.
+QString OnOneLine(QStringView text) {
+  QString line;
+  bool afterBreak = false;
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const QChar c = text[i];
+    const bool isPair = c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+    if (IsBreak(c)) {
+      afterBreak = true;
+    } else if (isPair || !(c.isSurrogate() || c.isNull())) {
+      if (std::exchange(afterBreak, false) && !line.isEmpty()) line += u' ';
+      line += c;
+      if (isPair) line += text[++i];
+    }
+  }
+  return line;
+}
+
+qsizetype Characters(QStringView text) {
+  return std::count_if(text.begin(), text.end(), [](QChar c) { return !c.isLowSurrogate(); });
+}
+
+// The first `count` characters, or all when there are fewer.
+QString FirstCharacters(const QString& text, qsizetype count) {
+  qsizetype end = 0;
+  for (; end < text.size() && (count > 0 || text[end].isLowSurrogate()); ++end) {
+    if (!text[end].isLowSurrogate()) --count;
+  }
+  return text.first(end);
+}
+
+}  // namespace
 
 LabelEditor::LabelEditor(const QString& text, QWidget* parent)
-    : QLineEdit(parent), initialText_(text.left(kMaxLength)) {
-  if (text.size() > kMaxLength && initialText_.back().isHighSurrogate()) initialText_.chop(1);
-  setMaxLength(kMaxLength);
-  setText(initialText_);
+    : QLineEdit(parent), initialText_(text), textBefore_(text) {
+  setMaxLength(std::numeric_limits<int>::max());
+  setText(text);
   setAccessibleName(QStringLiteral("名称"));
-  connect(this, &QLineEdit::textEdited, this, &LabelEditor::Sanitize);
+  connect(this, &QLineEdit::textEdited, this, &LabelEditor::Edited);
 }
 
 int LabelEditor::WantedWidth() const {
@@ -47,14 +92,14 @@ void LabelEditor::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
       // While a candidate is being composed the key only confirms it.
       if (preedit_.isEmpty()) {
-        End(Ending::kEnter);
+        Q_EMIT Ended(Ending::kEnter);
       } else {
         TakeOverPreedit();
       }
       return;
     case Qt::Key_Escape:
       if (preedit_.isEmpty()) {
-        End(Ending::kEscape);
+        Q_EMIT Ended(Ending::kEscape);
       } else {
         QGuiApplication::inputMethod()->reset();
       }
@@ -66,7 +111,11 @@ void LabelEditor::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_F2:
       return;  // not the tree's while the editor is open
     default:
-      QLineEdit::keyPressEvent(event);
+      if (event->matches(QKeySequence::Paste)) {
+        Paste(QGuiApplication::clipboard()->text());
+      } else {
+        QLineEdit::keyPressEvent(event);
+      }
   }
 }
 
@@ -77,28 +126,49 @@ void LabelEditor::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 void LabelEditor::focusOutEvent(QFocusEvent* event) {
-  const bool left = event->reason() != Qt::ActiveWindowFocusReason &&
-                    event->reason() != Qt::PopupFocusReason &&
-                    event->reason() != Qt::MenuBarFocusReason;
   TakeOverPreedit();
   QLineEdit::focusOutEvent(event);
-  if (left) End(Ending::kLeft);
 }
 
-void LabelEditor::End(Ending ending) {
-  if (ended_) return;
-  ended_ = true;
-  Q_EMIT Ended(ending);
+// As one change, which can be undone.
+void LabelEditor::Paste(const QString& pasted) {
+  const QString line = OnOneLine(pasted);
+  const qsizetype room =
+      std::max<qsizetype>(kMostCharacters - Characters(text()) + Characters(selectedText()), 0);
+  const QString fitting = FirstCharacters(line, room);
+  if (!fitting.isEmpty()) insert(fitting);
+  if (fitting.size() < line.size()) TellTooLong();
 }
 
-void LabelEditor::Sanitize() {
-  int cursor = cursorPosition();
-  const QString before = text();
-  const QString clean = SanitizedLabel(before, cursor);
-  if (clean == before) return;
-  setText(clean);
+// What came in by typing, by dropping or from the context menu ends at the cursor.
+void LabelEditor::Edited() {
+  const QString now = text();
+  const QString before = std::exchange(textBefore_, now);
+  const qsizetype end = cursorPosition();
+  const auto differ =
+      std::mismatch(now.cbegin(), now.cbegin() + end, before.cbegin(), before.cend());
+  qsizetype begin = differ.first - now.cbegin();
+  if (begin > 0 && begin < end && now[begin].isLowSurrogate()) --begin;
+  const QString came = now.sliced(begin, end - begin);
+  const QString rest = now.first(begin) + now.sliced(end);
+  QString kept = OnOneLine(came);
+  const bool isTooLong = now.size() > before.size() && Characters(now) > kMostCharacters;
+  if (isTooLong) {
+    kept = FirstCharacters(kept, std::max<qsizetype>(kMostCharacters - Characters(rest), 0));
+  }
+  if (kept == came || now == initialText_) return;
+  textBefore_ = now.first(begin) + kept + now.sliced(end);
+  setText(textBefore_);
   setModified(true);
-  setCursorPosition(cursor);
+  setCursorPosition(static_cast<int>(begin + kept.size()));
+  if (isTooLong) TellTooLong();
+}
+
+void LabelEditor::TellTooLong() {
+  QApplication::beep();
+  QToolTip::showText(
+      mapToGlobal(rect().bottomLeft()),
+      QStringLiteral("名称最多 %1 个字符，多出的部分没有放入。").arg(kMostCharacters), this);
 }
 
 // Input methods usually take their text over by themselves when asked; one that does not loses it.
@@ -109,28 +179,4 @@ void LabelEditor::TakeOverPreedit() {
   QInputMethodEvent commit;
   commit.setCommitString(preedit_);
   inputMethodEvent(&commit);
-}
-
-QString SanitizedLabel(const QString& text, int& cursor) {
-  QString clean;
-  clean.reserve(text.size());
-  int newCursor = cursor;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar c = text.at(i);
-    const bool pair = c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
-    const bool breakOfTwo = c == u'\r' && i + 1 < text.size() && text.at(i + 1) == u'\n';
-    if (pair) {
-      clean += c;
-      clean += text.at(++i);
-    } else if (c.isSurrogate() || c.isNull() || breakOfTwo) {
-      if (i < cursor) --newCursor;
-    } else {
-      const bool lineBreak = c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' ||
-                             c == QChar(0x85) || c == QChar::LineSeparator ||
-                             c == QChar::ParagraphSeparator;
-      clean += lineBreak ? QChar(u' ') : c;
-    }
-  }
-  cursor = newCursor;
-  return clean;
 }

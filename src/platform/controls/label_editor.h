@@ -5,19 +5,21 @@
 
 #include <QLineEdit>
 
-// The in-place editor of a label. It ends once, by Enter, by Escape or because the user went
-// elsewhere in the window; opening a menu or switching to another window does not end it. Text
-// being composed with an input method is never lost: Enter and a loss of focus take it over.
+// The in-place editor of a label. It tells when Enter or Escape end it; all else that ends it is
+// its owner's affair. Text being composed with an input method is never lost: Enter and a loss of
+// focus take it over. It opens on the whole of any text. What comes in is one line: breaks and tabs
+// are trimmed from its ends, a run of them inside becomes a blank, halves of surrogate pairs and
+// null characters go; what is more than kMostCharacters in all is refused with a sound and a tool
+// tip.
 class LabelEditor : public QLineEdit {
   Q_OBJECT
 
  public:
   enum class Ending { kEnter, kEscape, kLeft };
 
-  // The longest text that it takes, in UTF-16 units, as in a native tree.
-  static constexpr int kMaxLength = 255;
+  // The most characters (Unicode code points) of a name, as in the library's tables.
+  static constexpr qsizetype kMostCharacters = 4000;
 
-  // Of a longer text it takes the first characters.
   LabelEditor(const QString& text, QWidget* parent);
 
   // Whether the text is another than that with which the editor opened.
@@ -25,6 +27,9 @@ class LabelEditor : public QLineEdit {
 
   // The width that shows the whole text, in pixels.
   int WantedWidth() const;
+
+  // Makes what an input method is composing part of the text.
+  void TakeOverPreedit();
 
  Q_SIGNALS:
   void Ended(LabelEditor::Ending ending);
@@ -36,15 +41,11 @@ class LabelEditor : public QLineEdit {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  void End(Ending ending);
-  void Sanitize();
-  void TakeOverPreedit();
+  void Paste(const QString& pasted);
+  void Edited();
+  void TellTooLong();
 
   QString initialText_;
+  QString textBefore_;  // the last change
   QString preedit_;
-  bool ended_ = false;
 };
-
-// `text` as a label can hold it: line breaks become blanks, halves of surrogate pairs and null
-// characters go. `cursor`, a position in the text, follows.
-QString SanitizedLabel(const QString& text, int& cursor);

@@ -9,7 +9,7 @@
 
 class ImageList;
 
-// A push button of a tool bar, known by its key.
+// A push button of a tool bar, known by its key. A double click is one click.
 class ToolBarButton : public QToolButton {
   Q_OBJECT
 
@@ -17,6 +17,9 @@ class ToolBarButton : public QToolButton {
   ToolBarButton(const QString& key, QWidget* parent);
 
   const QString& Key() const { return key_; }
+
+ protected:
+  void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {}
 
  private:
   QString key_;

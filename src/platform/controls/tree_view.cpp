@@ -4,6 +4,7 @@
 #include "tree_view.h"
 
 #include "error.h"
+#include "label_editing.h"
 #include "mouse.h"
 #include "tree_item_delegate.h"
 #include "tree_lines.h"
@@ -23,11 +24,15 @@
 namespace {
 
 constexpr int kLeastIndentation = 20;
-constexpr int kLeastEditorWidth = 60;
+// How much of a label is in sight when its node is scrolled to, in pixels.
+constexpr int kLeastLabelInSight = 60;
 
 }  // namespace
 
-TreeView::TreeView(QWidget* parent) : QTreeView(parent), delegate_(new TreeItemDelegate(this)) {
+TreeView::TreeView(QWidget* parent)
+    : QTreeView(parent),
+      delegate_(new TreeItemDelegate(this)),
+      labelEditing_(std::make_unique<LabelEditing>(*this)) {
   setHeaderHidden(true);
   setUniformRowHeights(true);
   setItemDelegate(delegate_);
@@ -40,11 +45,6 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), delegate_(new TreeItemD
   header()->setResizeContentsPrecision(0);  // measures what is in the viewport only
   setIndentation(kLeastIndentation);
 
-  editTimer_.setSingleShot(true);
-  connect(&editTimer_, &QTimer::timeout, this, [this] {
-    Node* node = std::exchange(clickedLabel_, nullptr);
-    if (node != nullptr && node == SelectedItem() && hasFocus()) StartLabelEdit();
-  });
   connect(this, &QTreeView::expanded, this, [this] { FitColumn(true); });
   connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
     FitColumn(true);
@@ -52,9 +52,10 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), delegate_(new TreeItemD
   });
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
     FitColumn(false);
-    PlaceEditor();
+    labelEditing_->Place();
   });
-  connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &TreeView::PlaceEditor);
+  connect(horizontalScrollBar(), &QScrollBar::valueChanged, labelEditing_.get(),
+          &LabelEditing::Place);
 }
 
 TreeView::~TreeView() {
@@ -95,6 +96,7 @@ Node* TreeView::SelectedItem() const {
 }
 
 void TreeView::SetSelectedItem(Node& node) {
+  if (&node != SelectedItem()) CancelLabelEdit();
   if (model() == nullptr) {
     selectedBeforeShow_ = &node;
   } else {
@@ -134,8 +136,7 @@ void TreeView::RemoveNode(const QString& key) {
 }
 
 void TreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
-  editTimer_.stop();
-  clickedLabel_ = nullptr;
+  labelEditing_->Disarm();
   dropHighlight_ = nullptr;
   CancelLabelEdit();
   QTreeView::rowsAboutToBeRemoved(parent, start, end);
@@ -144,73 +145,24 @@ void TreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int en
 // ---- label editing
 
 void TreeView::StartLabelEdit() {
-  CancelLabelEdit();
-  Node* node = SelectedItem();
-  if (node == nullptr) return;
-  qint16 cancel = 0;
-  Q_EMIT BeforeLabelEdit(cancel);
-  if (cancel != 0) return;
+  labelEditing_->Open();
+}
 
-  EnsureVisible(*node);
-  editedKey_ = node->Key();
-  editor_ = new LabelEditor(node->Text(), viewport());
-  editor_->setObjectName(QStringLiteral("txtLabel"));
-  connect(editor_, &LabelEditor::Ended, this, &TreeView::EndLabelEdit);
-  connect(editor_, &QLineEdit::textChanged, this, &TreeView::PlaceEditor);
-  PlaceEditor();
-  editor_->show();
-  editor_->setFocus(Qt::OtherFocusReason);
-  editor_->selectAll();
+bool TreeView::EndLabelEdit() {
+  return labelEditing_->End(LabelEditor::Ending::kLeft);
 }
 
 void TreeView::CancelLabelEdit() {
-  if (IsEditing()) CloseEditor();
+  labelEditing_->Cancel();
 }
 
-// Takes the editor away before anything else happens, so that no loss of focus that follows can
-// end the editing a second time.
-void TreeView::CloseEditor() {
-  LabelEditor* editor = editor_;
-  editor_ = nullptr;
-  editor->disconnect(this);
-  editor->blockSignals(true);
-  if (editor->hasFocus()) setFocus(Qt::OtherFocusReason);
-  editor->hide();
-  editor->deleteLater();
+bool TreeView::IsEditing() const {
+  return labelEditing_->IsOpen();
 }
 
-void TreeView::EndLabelEdit(LabelEditor::Ending ending) {
-  const QString text = editor_->text();
-  const QString key = editedKey_;
-  const bool changed = editor_->IsChanged();
-  CloseEditor();
-  if (ending == LabelEditor::Ending::kEscape) return;
-  if (ending == LabelEditor::Ending::kLeft && !changed) return;
-
-  qint16 cancel = 0;
-  Q_EMIT AfterLabelEdit(cancel, text);
-  // A press that took the focus away from a text that is refused has done its work, also when the
-  // editor opens again only after the window has come back to the front.
-  if (cancel != 0 && ending == LabelEditor::Ending::kLeft) {
-    ignorePress_ = true;
-    QTimer::singleShot(0, this, [this] { ignorePress_ = false; });
-  }
-  Node* node = nodes_.Find(key);
-  if (cancel == 0 && node != nullptr) {
-    nodes_.SetText(*node, text);
-    FitColumn(true);
-  }
-}
-
-void TreeView::PlaceEditor() {
-  Node* node = IsEditing() ? nodes_.Find(editedKey_) : nullptr;
-  if (node == nullptr) return;
-  const QRect label = LabelRect(*node);
-  const int height = qMax(label.height(), editor_->sizeHint().height() - 2);
-  const int room = viewport()->width() - label.left() - 1;
-  const int width =
-      qMin(qMax(editor_->WantedWidth(), kLeastEditorWidth), qMax(room, kLeastEditorWidth));
-  editor_->setGeometry(label.left() - 2, label.center().y() - height / 2, width, height);
+void TreeView::SetText(Node& node, const QString& text) {
+  nodes_.SetText(node, text);
+  FitColumn(true);
 }
 
 // ---- geometry
@@ -239,7 +191,7 @@ void TreeView::FitColumn(bool rowsChanged) {
 }
 
 // The view itself would go back to the column's left edge. This goes sideways only as far as the
-// node needs: to its picture, and to as much of its label as a small editor covers.
+// node needs: to its plus/minus box, and to as much of its label as a small editor covers.
 void TreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
   QScrollBar* const bar = horizontalScrollBar();
   const int before = bar->value();
@@ -249,16 +201,16 @@ void TreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
   FitColumn(false);
   QTreeView::updateGeometries();
   bar->setValue(before);
-  const int right = LabelRect(*node).left() + kLeastEditorWidth;
+  const int right = LabelRect(*node).left() + kLeastLabelInSight;
   if (right > viewport()->width()) bar->setValue(bar->value() + right - viewport()->width());
-  const int left = ItemRect(*node).left();
+  const int left = ItemRect(*node).left() - indentation();
   if (left < 0) bar->setValue(bar->value() + left);
 }
 
 void TreeView::updateGeometries() {
   QTreeView::updateGeometries();
   FitColumn(false);
-  PlaceEditor();
+  labelEditing_->Place();
 }
 
 void TreeView::showEvent(QShowEvent* event) {
@@ -269,11 +221,8 @@ void TreeView::showEvent(QShowEvent* event) {
 // ---- mouse
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
-  const bool hadFocus = !std::exchange(focusCameWithPress_, false);
-  editTimer_.stop();
-  clickedLabel_ = nullptr;
-  if (std::exchange(ignorePress_, false)) return;
-
+  const bool hadFocus = !focusCameWithPress_;
+  labelEditing_->Disarm();
   const QPoint position = event->position().toPoint();
   Q_EMIT MouseDown(MouseButton(event->button()), ShiftState(event->modifiers()),
                    PixelsToTwips(position.x()), PixelsToTwips(position.y()));
@@ -286,7 +235,7 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
   } else if (event->button() == Qt::LeftButton && node != nullptr) {
     if (node == SelectedItem() && hadFocus && labelEdit_ == LabelEdit::kAutomatic &&
         LabelRect(*node).contains(position)) {
-      clickedLabel_ = node;
+      labelEditing_->Arm();
     }
     SetSelectedItem(*node);
     Q_EMIT NodeClick(node);
@@ -302,16 +251,14 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
 void TreeView::mouseMoveEvent(QMouseEvent* event) {
   if ((event->position().toPoint() - pressedAt_).manhattanLength() >=
       QApplication::startDragDistance()) {
-    clickedLabel_ = nullptr;
+    labelEditing_->Disarm();
   }
   if (event->buttons() == Qt::NoButton) QTreeView::mouseMoveEvent(event);
 }
 
 void TreeView::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint position = event->position().toPoint();
-  if (event->button() == Qt::LeftButton && clickedLabel_ != nullptr) {
-    editTimer_.start(QApplication::doubleClickInterval());
-  }
+  if (event->button() == Qt::LeftButton) labelEditing_->Clicked();
   Q_EMIT MouseUp(MouseButton(event->button()), ShiftState(event->modifiers()),
                  PixelsToTwips(position.x()), PixelsToTwips(position.y()));
   if (event->button() != Qt::RightButton) return;
@@ -322,8 +269,7 @@ void TreeView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
-  editTimer_.stop();
-  clickedLabel_ = nullptr;
+  labelEditing_->Disarm();
   const QPoint position = event->position().toPoint();
   Node* node = NodeUnder(position);
   if (event->button() != Qt::LeftButton || node == nullptr || node != SelectedItem()) {
@@ -337,7 +283,10 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {
   // The mouse's way to the pop-up menu is the right button's release.
-  if (event->reason() != QContextMenuEvent::Keyboard) return;
+  if (event->reason() == QContextMenuEvent::Keyboard) AskForContextMenu();
+}
+
+void TreeView::AskForContextMenu() {
   QPoint position;
   if (Node* node = SelectedItem(); node != nullptr) {
     EnsureVisible(*node);
@@ -366,10 +315,18 @@ void TreeView::SelectCollapsed(const QModelIndex& collapsed) {
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {
-  editTimer_.stop();
-  clickedLabel_ = nullptr;
+  labelEditing_->Disarm();
   if (event->key() == Qt::Key_F2 && event->modifiers() == Qt::NoModifier) {
     StartLabelEdit();
+    return;
+  }
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    AskForContextMenu();
+    return;
+  }
+  Node* const selected = SelectedItem();
+  if (selected != nullptr && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Minus)) {
+    SetExpanded(*selected, event->key() == Qt::Key_Plus);
     return;
   }
   // The view would expand everything below, which takes long in a large library.
@@ -393,6 +350,7 @@ QItemSelectionModel::SelectionFlags TreeView::selectionCommand(const QModelIndex
 
 void TreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTreeView::currentChanged(current, previous);
+  CancelLabelEdit();  // the editor is the selected node's
   AllowInputMethod();
 }
 
@@ -405,12 +363,13 @@ void TreeView::focusInEvent(QFocusEvent* event) {
   QTreeView::focusInEvent(event);
   AllowInputMethod();
   focusCameWithPress_ = event->reason() == Qt::MouseFocusReason;
+  // The press itself follows at once, unless it is a scroll bar's.
+  if (focusCameWithPress_) QTimer::singleShot(0, this, [this] { focusCameWithPress_ = false; });
   if (event->reason() != Qt::PopupFocusReason) Q_EMIT GotFocus();
 }
 
 void TreeView::focusOutEvent(QFocusEvent* event) {
-  editTimer_.stop();
-  clickedLabel_ = nullptr;
+  labelEditing_->Disarm();
   QTreeView::focusOutEvent(event);
 }
 

@@ -3,15 +3,15 @@
 
 #pragma once
 
-#include "label_editor.h"
 #include "tree_nodes.h"
 
 #include <QItemSelectionModel>
-#include <QPointer>
-#include <QTimer>
 #include <QTreeView>
 
+#include <memory>
+
 class ImageList;
+class LabelEditing;
 class TreeItemDelegate;
 
 enum class LineStyle { kTreeLines = 0, kRootLines = 1 };
@@ -58,9 +58,14 @@ class TreeView : public QTreeView {
 
   // Opens the label editor on the selected node, unless there is none or BeforeLabelEdit refuses.
   void StartLabelEdit();
-  // Ends label editing without AfterLabelEdit; the label keeps its old text.
+  // Ends an open editing as leaving the editor does: an untouched text is dropped, a changed one is
+  // given to AfterLabelEdit. False when that refused it.
+  bool EndLabelEdit();
+  // Ends label editing without AfterLabelEdit; the label keeps its old text. Selecting another node
+  // and removing nodes do so, too.
   void CancelLabelEdit();
-  bool IsEditing() const { return editor_ != nullptr; }
+  bool IsEditing() const;
+  void SetText(Node& node, const QString& text);
 
   // Where picture and label of the node are drawn, in the viewport's coordinates.
   QRect ItemRect(const Node& node) const;
@@ -77,7 +82,8 @@ class TreeView : public QTreeView {
   void MouseUp(int button, int shift, float x, float y);
   // The editor is about to open on the selected node; a non-zero `cancel` refuses it.
   void BeforeLabelEdit(qint16& cancel);
-  // The user has ended the editing, the editor is closed; a non-zero `cancel` keeps the old text.
+  // The user has ended the editing of the selected node's label, the editor is closed; a non-zero
+  // `cancel` keeps the old text.
   void AfterLabelEdit(qint16& cancel, const QString& newString);
   void GotFocus();
   // The context-menu key was pressed; `position` on the screen belongs to the selected node.
@@ -104,9 +110,7 @@ class TreeView : public QTreeView {
  private:
   void AttachModel();
   Node* NodeUnder(const QPoint& position) const;
-  void EndLabelEdit(LabelEditor::Ending ending);
-  void CloseEditor();
-  void PlaceEditor();
+  void AskForContextMenu();
   void FitColumn(bool rowsChanged);
   void AllowInputMethod();
   // The selection does not stay on a node that a collapse by the user has hidden.
@@ -117,19 +121,13 @@ class TreeView : public QTreeView {
 
   TreeNodes nodes_;
   TreeItemDelegate* delegate_;
+  std::unique_ptr<LabelEditing> labelEditing_;
   LabelEdit labelEdit_ = LabelEdit::kAutomatic;
   // Used while the view has no model yet; afterwards the current index tells.
   Node* selectedBeforeShow_ = nullptr;
   Node* dropHighlight_ = nullptr;
-  QPointer<LabelEditor> editor_;
-  QString editedKey_;
-  // The node whose label was clicked while it was selected already, until it is clear that no
-  // double click follows.
-  Node* clickedLabel_ = nullptr;
   int widest_ = 0;
   QPoint pressedAt_;
+  // The press being delivered has brought the focus.
   bool focusCameWithPress_ = false;
-  // The press being delivered has ended an editing whose text was refused.
-  bool ignorePress_ = false;
-  QTimer editTimer_;
 };

@@ -3,6 +3,7 @@
 
 #include "frm_main.h"
 
+#include "busy_pointer.h"
 #include "com_func.h"
 #include "data_base_funcs.h"
 #include "edit_words_funcs.h"
@@ -21,6 +22,7 @@
 #include <QAction>
 #include <QMenu>
 
+#include <cstdio>
 #include <memory>
 
 QString frmMain::SelectedTag() const {
@@ -94,14 +96,23 @@ void frmMain::tvTreeView_BeforeLabelEdit(qint16& Cancel) {
   if (SelectedTag() == kAppTitle) Cancel = 1;
 }
 
+// Nobody is there to read a message once the program has been told to end.
+void frmMain::Refuse(const QString& name, const QString& why) {
+  if (isTerminating_) {
+    std::fprintf(stderr, "hcwordlib: 名称“%s”没有保存：%s\n", qUtf8Printable(name),
+                 qUtf8Printable(why));
+  } else {
+    MsgBox(this, why, MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
+  }
+}
+
+// The tree raises this for its selected node only.
 void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString) {
   const QString key = tvTreeView->SelectedItem()->Key();
   const bool category = SelectedTag() == kCategoryTag;
   if (NewString.isEmpty()) {
-    MsgBox(this,
-           category ? QStringLiteral("分类条目不能为空字符。")
-                    : QStringLiteral("分类词不能为空字符。"),
-           MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
+    Refuse(NewString, category ? QStringLiteral("分类条目不能为空字符。")
+                               : QStringLiteral("分类词不能为空字符。"));
     Cancel = 1;
     // Only the last of these opens the editor again; where the first already gives the tree the
     // focus, the second would end that editing.
@@ -112,20 +123,16 @@ void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString
     return;
   }
 
-  const QString query = category ? Statement::SelectCategoryNamed(NewString)
-                                 : Statement::SelectWordNamed(
-                                       NewString, TheWordTree().colTreePrptys().Item(key).DicID());
-  auto sameName = std::make_unique<Recordset>();
-  sameName->Open(query, TheConn(), CursorType::kStatic, LockType::kUnspecified);
-  if (!sameName->IsEof()) {
-    MsgBox(this,
-           category ? QStringLiteral("有相同名称的分类条目。")
-                    : QStringLiteral("有相同名称的分类词。"),
-           MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
+  if (IsTaken(NewString, key)) {
+    Refuse(NewString, category ? QStringLiteral("有相同名称的分类条目。")
+                               : QStringLiteral("有相同名称的分类词。"));
     Cancel = 1;
     tvTreeView->setFocus();
     tvTreeView->StartLabelEdit();
-  } else if (category) {
+    return;
+  }
+  const BusyPointer busy;
+  if (category) {
     TheDBFuncs().UpdateItem(NewString, 1, TheWordTree().colDictPrptys().Item(key).DicID(), 0);
     TheWordTree().colDictPrptys().Rename(key, NewString);
   } else {
@@ -133,7 +140,21 @@ void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString
     TheDBFuncs().UpdateItem(NewString, 2, word.DicID(), word.ID());
     TheWordTree().colTreePrptys().Rename(key, NewString);
   }
+}
+
+// Whether the database has the name already: as a category's when the node keyed `key` is one, else
+// as that of a word of the same category.
+bool frmMain::IsTaken(const QString& name, const QString& key) const {
+  const BusyPointer busy;
+  const QString query =
+      SelectedTag() == kCategoryTag
+          ? Statement::SelectCategoryNamed(name)
+          : Statement::SelectWordNamed(name, TheWordTree().colTreePrptys().Item(key).DicID());
+  auto sameName = std::make_unique<Recordset>();
+  sameName->Open(query, TheConn(), CursorType::kStatic, LockType::kUnspecified);
+  const bool isTaken = !sameName->IsEof();
   CloseRecordset(sameName);
+  return isTaken;
 }
 
 void frmMain::tvTreeView_GotFocus() {

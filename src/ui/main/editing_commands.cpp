@@ -3,6 +3,7 @@
 
 #include "frm_main.h"
 
+#include "busy_pointer.h"
 #include "component.h"
 #include "data_base_funcs.h"
 #include "edit_words_funcs.h"
@@ -20,6 +21,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -42,11 +44,14 @@ bool IsStored(qint32 DicID) {
 
 }  // namespace
 
+// Each command first ends an open editing, and does nothing when the name in it was refused.
+
 void frmMain::mnuEditNewItem_Click() {
-  NewDict();
+  if (tvTreeView->EndLabelEdit()) NewDict();
 }
 
 void frmMain::mnuEditNewWord_Click() {
+  if (!tvTreeView->EndLabelEdit()) return;
   const QString tag = SelectedTag();
   if (tag == kCategoryTag) {
     NewWord(1);
@@ -56,6 +61,7 @@ void frmMain::mnuEditNewWord_Click() {
 }
 
 void frmMain::mnuEditDelete_Click() {
+  if (!tvTreeView->EndLabelEdit()) return;
   const QString tag = SelectedTag();
   if (tag == kCategoryTag) {
     DeleteNode(1);
@@ -65,11 +71,11 @@ void frmMain::mnuEditDelete_Click() {
 }
 
 void frmMain::mnuEditRename_Click() {
-  tvTreeView->StartLabelEdit();
+  if (tvTreeView->EndLabelEdit()) tvTreeView->StartLabelEdit();
 }
 
 void frmMain::NewDict() {
-  tvTreeView->CancelLabelEdit();
+  auto busy = std::make_optional<BusyPointer>();
   Node* const selectedBefore = tvTreeView->SelectedItem();
   const QString name = TheEditFuncs().TreeDictNewName();
   const QString key =
@@ -86,6 +92,7 @@ void frmMain::NewDict() {
     tvTreeView->RemoveNode(key);
     throw;
   }
+  busy.reset();
   if (!added) {
     if (reason == CannotCreateObjectText()) {
       MsgBox(this, QStringLiteral("发生致命错误，关闭程序。"));
@@ -98,7 +105,7 @@ void frmMain::NewDict() {
 }
 
 void frmMain::NewWord(qint32 Sel) {
-  tvTreeView->CancelLabelEdit();
+  const BusyPointer busy;
   Node* const parent = tvTreeView->SelectedItem();
   const QString parentKey = parent->Key();
   qint32 dicId = 0;
@@ -125,12 +132,12 @@ void frmMain::NewWord(qint32 Sel) {
 }
 
 void frmMain::DeleteNode(qint32 Sel) {
-  tvTreeView->CancelLabelEdit();
   if (MsgBox(this, QStringLiteral("确定要删除选中的内容？"), MsgBoxButtons::kYesNo) ==
       MsgBoxResult::kNo) {
     return;
   }
   if (SelectedTag() == kAppTitle) return;
+  const BusyPointer busy;
   const Node* selected = tvTreeView->SelectedItem();
   const QString key = selected->Key();
   if (Sel == 1) {

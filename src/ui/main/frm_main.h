@@ -34,6 +34,9 @@ class frmMain : public QMainWindow {
   // Life cycle. Form_Load prepares the hidden window and loads the library.
   void Form_Load();
 
+  // The program has been told to end and closes the window next: nothing waits for the user.
+  void PrepareToTerminate() { isTerminating_ = true; }
+
   // Lays out the window's panes, bars and the splitter's grip for the wanted width of the tree
   // pane. A failing step is skipped.
   void SizeControls(float TreeWidth);
@@ -66,6 +69,8 @@ class frmMain : public QMainWindow {
   void tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString);
   void tvTreeView_GotFocus();
   void lvListView_MouseMove(float X, float Y);
+  void Refuse(const QString& name, const QString& why);
+  bool IsTaken(const QString& name, const QString& key) const;
   void FillList();
   void ShowPopMnu(const QPoint& position);
 
@@ -141,6 +146,7 @@ class frmMain : public QMainWindow {
   Layout layout_;
   float splitterLeft_ = 0;  // of the dragged bar
   bool resizing_ = false;
+  bool isTerminating_ = false;
 
   // The right button was the last one pressed on the tree: node clicks do not refill the list.
   bool RightButtonDown = false;

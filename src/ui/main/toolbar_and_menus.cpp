@@ -4,12 +4,21 @@
 #include "frm_main.h"
 
 #include "band_container.h"
-#include "event_guard.h"
 #include "frm_about.h"
 #include "tool_bar.h"
 #include "tree_view.h"
 
 #include <QAction>
+#include <QToolTip>
+
+#include <cstdio>
+
+namespace {
+
+// How long the reason of a failure stays beside its button, in milliseconds.
+constexpr int kReasonTime = 15'000;
+
+}  // namespace
 
 void frmMain::mnuClose_Click() {
   close();
@@ -30,21 +39,32 @@ void frmMain::mnuHelpAbout_Click() {
   frmAbout(this).exec();
 }
 
-// An error ends the command that it met, nothing more.
+// An error ends the command that it met, nothing more; its reason is told beside the button.
 void frmMain::tbToolBar_ButtonClick(ToolBarButton& Button) {
+  const auto run = [&Button](const auto& step) {
+    try {
+      step();
+    } catch (const std::exception& error) {
+      std::fprintf(stderr, "hcwordlib: %s\n", error.what());
+      const QString reason = QString::fromUtf8(error.what()).toHtmlEscaped();
+      QToolTip::showText(Button.mapToGlobal(Button.rect().bottomLeft()),
+                         QStringLiteral("<p>%1</p>").arg(reason.split(u'\n').join(u"<br>")),
+                         &Button, {}, kReasonTime);
+    }
+  };
   const QString& key = Button.Key();
   if (key == QStringLiteral("新条目")) {
-    IgnoringErrors([this] { mnuEditNewItem_Click(); });
+    run([this] { mnuEditNewItem_Click(); });
   } else if (key == QStringLiteral("新词")) {
-    IgnoringErrors([this] { mnuEditNewWord_Click(); });
+    run([this] { mnuEditNewWord_Click(); });
   } else if (key == QStringLiteral("删除")) {
     // A disabled button loses the keyboard's focus, which comes back with it.
     const bool hadFocus = Button.hasFocus();
-    IgnoringErrors([this, &key] { tbToolBar->Button(key).setEnabled(false); });
-    IgnoringErrors([this] { mnuEditDelete_Click(); });
-    IgnoringErrors([this, &key] { tbToolBar->Button(key).setEnabled(true); });
+    run([this, &key] { tbToolBar->Button(key).setEnabled(false); });
+    run([this] { mnuEditDelete_Click(); });
+    run([this, &key] { tbToolBar->Button(key).setEnabled(true); });
     if (hadFocus) Button.setFocus();
   } else if (key == QStringLiteral("重命名")) {
-    IgnoringErrors([this] { mnuEditRename_Click(); });
+    run([this] { mnuEditRename_Click(); });
   }
 }

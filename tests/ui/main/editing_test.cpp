@@ -7,6 +7,8 @@
 #include "shared_objects.h"
 #include "word_tree.h"
 
+#include <gmock/gmock.h>
+
 #include <QApplication>
 
 namespace {
@@ -195,21 +197,56 @@ TEST_F(EditingTest, ClearsTheListWhenItShowsWhatHungBelow) {
   }
 }
 
-// What is typed and not confirmed is never stored.
-TEST_F(EditingTest, ACommandOrTheCloseBoxDropsAHalfTypedName) {
-  const std::string before = Words(TheConn());
-  for (const char* command : {"mnuEditDelete", "mnuEditRename", "mnuViewToolbar"}) {
+TEST_F(EditingTest, ACommandFirstStoresTheNameThatIsTyped) {
+  for (const char* place : kPlaces) {
+    OpenWindow();
     Select("车削/精车");
-    Rename();
-    Type("半精车", 0);
-    Choose(command);
-    EXPECT_EQ(Words(TheConn()), before) << command;
+    for (const char* name : {"精车外圆", "精车内孔"}) {
+      NewWord(place);
+      Type(name, 0);
+    }
+    Rename(place);
+    EXPECT_EQ(SelectedText(), "精车内孔");
+    Type("淬火", 0);  // of another category
+    Delete(place);    // is asked for the stored node, and answered with no
+    EXPECT_EQ(Messages(), kConfirm);
+    EXPECT_EQ(Tree(At("车削/精车")), "精车外圆(淬火)");
+    Audit();
+
+    const std::function<void()> commands[] = {[&] { NewItem(place); }, [&] { NewWord(place); },
+                                              [&] { Delete(place); }, [&] { Rename(place); }};
+    for (const auto& command : commands) {
+      Rename(place);
+      Type("粗车", 0);
+      command();
+      EXPECT_EQ(Messages(), kTaken);
+      EXPECT_EQ(SelectedText(), "淬火");
+    }
+    EXPECT_EQ(Tree(At("车削/精车")), "精车外圆(淬火)");
+    Audit();
   }
-  NewWord("tool bar");
-  Type("精车外圆", 0);
+}
+
+TEST_F(EditingTest, TheClosingWindowFirstStoresTheNameThatIsTyped) {
+  Select("车削/精车");
+  Rename();
+  Type("粗车", 0);
+  window_->close();
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_EQ(Messages(), kTaken);
+  Type("半精车", 0);
   OpenWindow(false);
-  EXPECT_EQ(Tree(At("车削/精车")), "新加词");
-  Audit();
+  EXPECT_NE(Tree().find("半精车"), std::string::npos);
+  // Told to end, the program waits for nobody.
+  Select("车削");
+  Rename();
+  Type("", 0);
+  testing::internal::CaptureStderr();
+  window_->PrepareToTerminate();
+  window_->close();
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("分类条目不能为空字符。"));
+  EXPECT_EQ(Messages(), "");
 }
 
 }  // namespace

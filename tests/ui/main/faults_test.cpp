@@ -8,6 +8,7 @@
 #include "shared_objects.h"
 
 #include <QFile>
+#include <QToolTip>
 
 #include <cstdlib>
 
@@ -31,6 +32,8 @@ class FaultsTest : public MainWindowTest {
     const bool failed = !IsDatabaseFaultPending();
     FailDatabaseStep(0);
     EXPECT_TRUE(Find<QToolButton>(button)->isEnabled());
+    EXPECT_EQ(QToolTip::text().contains(QStringLiteral("injected fault")), failed);
+    QToolTip::hideText();
     return failed;
   }
 };

@@ -7,6 +7,8 @@
 #include <QClipboard>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenuBar>
+#include <QToolTip>
 
 namespace {
 
@@ -107,25 +109,62 @@ TEST_F(LabelEditingTest, EndsAsTheUserLeavesIt) {
   }
 }
 
-TEST_F(LabelEditingTest, TakesAtMost255UnitsNoHalfOfAPairAndNoLineBreak) {
+// Every way to another node ends the editing first; a look elsewhere does not.
+TEST_F(LabelEditingTest, BelongsToOneNode) {
+  QWidget other;
+  const Action looks[] = {
+      [&] {
+        QAction* const menu = window_->menuBar()->actions().first();
+        QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {},
+                          window_->menuBar()->actionGeometry(menu).center());
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+      },
+      [&] { window_->menuBar()->setFocus(Qt::MenuBarFocusReason); },
+      [&] { other.show(), other.activateWindow(), window_->activateWindow(); },
+  };
+  for (const Action& look : looks) {
+    Open();
+    Type("半精车", 0);
+    look();
+    EXPECT_TRUE(tvTreeView->IsEditing());
+    click_();
+    EXPECT_FALSE(tvTreeView->IsEditing());
+    EXPECT_EQ(ended_, "半精车.");
+    EXPECT_EQ(Selected(), "热处理");
+    Audit();
+  }
+}
+
+TEST_F(LabelEditingTest, TakesOneLineOfAtMost4000Characters) {
   const QString pair = QStringLiteral("𠮷");
   Open();
-  QTest::keyClicks(&Editor(), QString(300, u'x'));
-  EXPECT_EQ(Editor().text(), QString(255, u'x'));
-  Paste(pair.repeated(128));
-  EXPECT_EQ(Editor().text(), pair.repeated(127));
+  Paste(pair.repeated(4001));
+  EXPECT_EQ(Editor().text(), pair.repeated(4000));
+  EXPECT_EQ(QToolTip::text(), QStringLiteral("名称最多 4000 个字符，多出的部分没有放入。"));
+  QTest::keyClicks(&Editor(), QStringLiteral("x"));
+  EXPECT_EQ(Editor().text(), pair.repeated(4000));
   Editor().selectAll();
-  Compose(QString(), pair.repeated(128));
-  EXPECT_EQ(Editor().text(), pair.repeated(127));
-  Paste(QStringLiteral("一\r\n二\n三\u2028四\u2029五\r六\v七 八\t") + QChar(0xD842) + QChar(0));
-  EXPECT_EQ(Editor().text(), QStringLiteral("一 二 三 四 五 六 七 八\t"));
-  // A name that another program made longer is left alone as long as the user does so.
-  for (const QString& name : {QString(300, u'词'), u'词' + pair.repeated(128)}) {
+  Compose(QString(), pair.repeated(4001));
+  EXPECT_EQ(Editor().text(), pair.repeated(4000));
+  const QString pasted = QStringLiteral("\t\r\n一\r\n二\n三\u2028四\u2029五\r六\v七 八\t\n") +
+                         QChar(0xD842) + QChar(0);
+  Paste(pasted);
+  EXPECT_EQ(Editor().text(), QStringLiteral("一 二 三 四 五 六 七 八"));
+  QTest::keyClick(&Editor(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Editor().text(), pair.repeated(4000));
+  Editor().selectAll();
+  Compose(QString(), pasted);  // not by a key: from a menu, by dropping
+  EXPECT_EQ(Editor().text(), QStringLiteral("一 二 三 四 五 六 七 八"));
+  Editor().setText(QStringLiteral("😀"));
+  QTest::keyClick(&Editor(), Qt::Key_A, Qt::ControlModifier);
+  Compose(QString(), QStringLiteral("😁"));  // differs in its second unit
+  EXPECT_EQ(Editor().text(), QStringLiteral("😁"));
+  // What is stored otherwise stays so until it is changed.
+  for (const QString& name : {QString(5000, u'词'), QStringLiteral("两\n行\t")}) {
     Open(name);
-    EXPECT_FALSE(Editor().text().back().isHighSurrogate());
-    leave_();
-    EXPECT_EQ(ended_, "");
-    EXPECT_EQ(tvTreeView->SelectedItem()->Text(), name);
+    EXPECT_EQ(Editor().text(), name);
+    enter_();
+    EXPECT_EQ(ended_, name.toStdString() + ".");
   }
 }
 
