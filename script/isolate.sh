@@ -32,3 +32,12 @@ mkdir "$isolated/drivers"
 sed 's/^CommLog *=.*/CommLog=0/' "$(odbcinst -j | sed -n 's/^DRIVERS\.*: *//p')" >"$isolated/drivers/odbcinst.ini"
 export ODBCSYSINI=$isolated/drivers
 for name in $(compgen -e QT_); do unset "$name"; done
+
+# How the sanitizers report, for programs of the preset asan.
+use_sanitizers() {
+  export UBSAN_OPTIONS=print_stacktrace=1
+  export LSAN_OPTIONS=suppressions=$PWD/tests/support/lsan.supp:print_suppressions=0
+  # A driver brings in the installer library and takes it along when it is unloaded; kept loaded, what
+  # it caches is not taken for lost.
+  export ASAN_OPTIONS=detect_leaks=1:verify_asan_link_order=0 LD_PRELOAD=libodbcinst.so.2
+}

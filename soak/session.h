@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "audit.h"
+
+#include <QLineEdit>
+#include <QList>
+#include <QPointer>
+#include <QRandomGenerator>
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+
+class Connection;
+class ListView;
+class Node;
+class QDialog;
+class TreeView;
+class frmMain;
+struct Engine;
+
+// A random session in the real main window, over a small library of hostile names on the data
+// source "HCWordLib". Act number i follows from the seed and i alone, so that a session from which
+// acts were left out still means the same with the rest.
+class Session : public QObject {
+ public:
+  Session(const Engine& engine, quint32 seed);
+  ~Session() override;
+
+  // Does act number `index`, telling what it does on standard output, and audits what it left.
+  // Raises Fault. Ends the process where the program ends.
+  void Act(int index);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  // What an act may do to the editing that is open when it begins.
+  struct Editing {
+    EntryId id;
+    QString text;
+    bool changed = false;
+  };
+
+  void OpenWindow();
+  void Settle();
+  void AnswerBox(QDialog& dialog);
+  void Audit(const Library& before);
+  std::optional<Editing> OpenEditing();
+
+  // Acts.
+  void Mouse();
+  void Keys();
+  void TypeText();
+  void Paste();
+  void Compose();
+  void EditNode();
+  void Menu();
+  void PopUp();
+  void ToolBarButtonClicks();
+  void Command();
+  void OtherWindow();
+  void Colleague();
+  void FailingStatement();
+  void Window();
+  void CloseAndReopen();
+
+  int Below(int count) { return static_cast<int>(random_.bounded(count)); }
+  bool OneIn(int count) { return Below(count) == 0; }
+  template <class T>
+  const T& OneOf(const QList<T>& values) {
+    return values.at(Below(static_cast<int>(values.size())));
+  }
+  // Another point of the window, and what is there.
+  std::pair<QPoint, QString> Place();
+  QPoint Middle(const QString& name, QPoint offset = {});
+  EntryId IdOf(const Node& node) const;
+  QString NastyText();
+  void Tell(const QString& what);
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+  QRandomGenerator random_;
+  quint32 seed_;
+  std::unique_ptr<Connection> colleague_;
+  std::unique_ptr<QWidget> otherWindow_;
+  std::unique_ptr<frmMain> window_;
+  TreeView* tree_ = nullptr;
+  ListView* list_ = nullptr;
+  Touched touched_;  // since the library was loaded
+  QString preedit_;
+  QPointer<QLineEdit> composing_;
+  QString composedInto_;
+
+  // Of the act that is being done.
+  bool dropsText_ = false;
+  bool refused_ = false;
+  bool deleted_ = false;
+  std::optional<Editing> editing_;  // as last seen
+  std::set<EntryId> edited_;        // all that were seen
+  Touched touchedNow_;
+  bool faultArmed_ = false;
+};
