@@ -104,18 +104,13 @@ void LabelEditor::keyPressEvent(QKeyEvent* event) {
         QGuiApplication::inputMethod()->reset();
       }
       return;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_F2:
-      return;  // not the tree's while the editor is open
     default:
       if (event->matches(QKeySequence::Paste)) {
         Paste(QGuiApplication::clipboard()->text());
       } else {
         QLineEdit::keyPressEvent(event);
       }
+      event->accept();  // no key is the tree's while the editor is open
   }
 }
 
