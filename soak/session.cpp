@@ -37,6 +37,7 @@
 
 namespace {
 
+const QString kPreedit = QStringLiteral("组");
 const QString kInjected = QStringLiteral("injected fault");
 
 void Fill(Connection& connection) {
@@ -134,11 +135,12 @@ std::optional<Session::Editing> Session::OpenEditing() {
   if (editor == nullptr || editor->isHidden() || selected == nullptr) return std::nullopt;
   if (selected->Parent() == nullptr) throw Fault(QStringLiteral("the root is being edited"));
   QString text = editor->text();
-  // A loss of focus makes it part of the text.
-  if (editor != composing_ || text != composedInto_) preedit_.clear();
-  text.insert(editor->cursorPosition(), preedit_);
+  const bool isComposed = editor == composing_;
+  // What became of it afterwards, only the editor knows.
+  const bool isCertain = !isComposed || text == composedInto_;
+  if (isComposed && isCertain) text.insert(editor->cursorPosition(), kPreedit);
   edited_.insert(IdOf(*selected));
-  return Editing{IdOf(*selected), text, text != selected->Text()};
+  return Editing{IdOf(*selected), text, isCertain && text != selected->Text()};
 }
 
 void Session::Act(int index) {
@@ -434,7 +436,6 @@ void Session::TypeText() {
   QInputMethodEvent event;
   event.setCommitString(text);
   QApplication::sendEvent(focus, &event);
-  preedit_.clear();
   editing_ = OpenEditing();
 }
 
@@ -450,7 +451,6 @@ void Session::Paste() {
   Tell(QStringLiteral("pastes “%1”").arg(text.left(20)));
   if (qobject_cast<QLineEdit*>(QApplication::focusWidget()) == nullptr) return;
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
-  if (composing_ != nullptr) composedInto_ = composing_->text();
   editing_ = OpenEditing();
 }
 
@@ -458,10 +458,9 @@ void Session::Compose() {
   auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
   if (editor == nullptr || editor->hasSelectedText() || editor->text().size() > 3000) return;
   Tell(QStringLiteral("composes"));
-  preedit_ = QStringLiteral("组");
   composing_ = editor;
   composedInto_ = editor->text();
-  QInputMethodEvent event(preedit_, {});
+  QInputMethodEvent event(kPreedit, {});
   QApplication::sendEvent(editor, &event);
   editing_ = OpenEditing();
 }

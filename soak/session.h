@@ -90,7 +90,6 @@ class Session : public QObject {
   TreeView* tree_ = nullptr;
   ListView* list_ = nullptr;
   Touched touched_;  // since the library was loaded
-  QString preedit_;
   QPointer<QLineEdit> composing_;
   QString composedInto_;
 
