@@ -8,10 +8,8 @@
 #include "rows.h"
 
 #include <QElapsedTimer>
+#include <QTcpServer>
 
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 #include <future>
 
 namespace {
@@ -32,13 +30,7 @@ class RecordsetTest : public EngineTest {
     set.Update();
   }
 
-  QStringList StoredNames() {
-    QStringList names;
-    Recordset set;
-    set.Open(QLatin1String(kWords), connection_);
-    for (; !set.IsEof(); set.MoveNext()) names += set.FieldText("NodeName");
-    return names;
-  }
+  std::string StoredNames() { return Rows(QLatin1String(kWords), {"NodeName"}, connection_); }
 
   static constexpr char kWords[] = "select * from Items where  SortID=1 order by ID";
 };
@@ -118,7 +110,7 @@ TEST_P(RecordsetTest, NamesAreStoredAndFoundExactly) {
   Recordset all;
   OpenForAdding(all, kWords);
   for (qint32 id = 1; id <= names.size(); ++id) AddWord(all, id, names[id - 1]);
-  ASSERT_EQ(StoredNames(), names);
+  ASSERT_EQ(StoredNames(), (names.join(u'\n') + u'\n').toStdString());
   const auto quoted = [](QString name) {
     return u'\'' + name.replace(QLatin1String("'"), QLatin1String("''")) + u'\'';
   };
@@ -147,7 +139,7 @@ TEST_P(RecordsetTest, LongTextsComeBackWholeOrAreRefused) {
   OpenForAdding(words, kWords);
   for (qint32 id = 1; id < names.size(); ++id) AddWord(words, id, names[id - 1]);
   EXPECT_THROW(AddWord(words, 100, names.takeLast()), DatabaseError);
-  EXPECT_EQ(StoredNames(), names);
+  EXPECT_EQ(StoredNames(), (names.join(u'\n') + u'\n').toStdString());
 }
 
 TEST_P(RecordsetTest, ErrorsSayWhatTheDriverSays) {
@@ -179,12 +171,8 @@ TEST_P(RecordsetTest, ErrorsSayWhatTheDriverSays) {
 // Takes its time: 10 seconds for another user's lock, 15 for a server that takes a call and is
 // silent.
 TEST_P(RecordsetTest, WaitsForOthersAndForServersNoLongerThanItSays) {
-  const int silent = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in place = {AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
-  socklen_t size = sizeof place;
-  ASSERT_TRUE(bind(silent, reinterpret_cast<sockaddr*>(&place), size) == 0 &&
-              listen(silent, 9) == 0 &&
-              getsockname(silent, reinterpret_cast<sockaddr*>(&place), &size) == 0);
+  QTcpServer silent;
+  ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
   const auto seconds = [](const auto& work) {
     QElapsedTimer timer;
     timer.start();
@@ -199,7 +187,7 @@ TEST_P(RecordsetTest, WaitsForOthersAndForServersNoLongerThanItSays) {
         QStringLiteral(
             "Driver=%1 Unicode;SERVER=127.0.0.1;SERVERNAME=127.0.0.1;PORT=%2;UID=x;DATABASE=x")
             .arg(QLatin1String(engine == "mariadb" ? "MariaDB" : "PostgreSQL"))
-            .arg(ntohs(place.sin_port)));
+            .arg(silent.serverPort()));
     return seconds([&] { connection.Open(); });
   });
   Connection other;
@@ -211,7 +199,6 @@ TEST_P(RecordsetTest, WaitsForOthersAndForServersNoLongerThanItSays) {
   other.Execute(insert);
   EXPECT_NEAR(seconds([&] { connection_.Execute(insert); }), 10, 1.5);
   EXPECT_NEAR(start.get(), 15, 1.5);
-  close(silent);
 }
 
 INSTANTIATE_ON_ENGINES(RecordsetTest);
