@@ -159,7 +159,7 @@ class WindowTest(unittest.TestCase):
     def make_library(self):
         self.library.touch()
         (self.home / "user.ini").write_text(
-            f"[HCWordLib]\nDriver=SQLite3\nDatabase={self.library}\nNoCreat=1\nTimeout=10000\n"
+            f"[HCWordLib]\nDriver=SQLite3\nDatabase={self.library}\nNoCreat=1\n"
             "JournalMode=WAL\nSyncPragma=FULL\n", encoding="utf-8")
         self.admin("init")
         file = self.home / "library.outline"

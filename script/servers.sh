@@ -84,7 +84,6 @@ Database=$folder/library.db
 NoCreat=1
 JournalMode=WAL
 SyncPragma=FULL
-Timeout=10000
 
 [HCWTestPostgreSQL]
 Driver=PostgreSQL Unicode

@@ -98,7 +98,8 @@ void StoreCategory(const OutlineCategory& category, Connection& connection, Data
       progress.Advance(1);
     }
     CloseRecordset(rows);
-  } catch (const Error& error) {
+  } catch (const DatabaseError& error) {
+    if (!error.IsRowRefused()) throw;
     throw LineError(line, error.Description());
   }
 }
@@ -197,8 +198,11 @@ class WordForest {
 };
 
 void Write(QIODevice& device, const QByteArray& text) {
-  if (device.write(text) != text.size()) {
-    throw Error(QStringLiteral("无法写入：%1").arg(device.errorString()));
+  // A device that becomes full takes a part first and says why with the next piece.
+  for (qsizetype done = 0; done < text.size();) {
+    const qint64 count = device.write(text.constData() + done, text.size() - done);
+    if (count <= 0) throw Error(QStringLiteral("无法写入：%1").arg(device.errorString()));
+    done += count;
   }
 }
 

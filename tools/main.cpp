@@ -9,8 +9,10 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
+#include <unistd.h>
 #include <cstdio>
 
 namespace {
@@ -144,25 +146,20 @@ void Import(Connection& connection, const QString& fileName) {
 
 int Export(Connection& connection, const QString& fileName) {
   connection.Open();
-  QStringList remarks;
-  if (fileName.isEmpty()) {
-    QFile output;
-    if (!output.open(stdout, QIODevice::WriteOnly)) {
-      throw Error(QStringLiteral("无法写标准输出：%1").arg(output.errorString()));
-    }
-    remarks = ExportLibrary(connection, output, false);
-    if (!output.flush()) {
-      throw Error(QStringLiteral("无法写标准输出：%1").arg(output.errorString()));
-    }
-  } else {
-    QSaveFile output(fileName);
-    if (!output.open(QIODevice::WriteOnly)) {
-      throw Error(QStringLiteral("无法写文件“%1”：%2").arg(fileName, output.errorString()));
-    }
-    remarks = ExportLibrary(connection, output, true);
-    if (!output.commit()) {
-      throw Error(QStringLiteral("无法写文件“%1”：%2").arg(fileName, output.errorString()));
-    }
+  // Unbuffered: what is written has arrived, or the reason is at hand.
+  constexpr auto kMode = QIODevice::WriteOnly | QIODevice::Unbuffered;
+  const QFileInfo place(fileName);
+  QFile device(fileName);  // standard output, and what is written into rather than replaced
+  QSaveFile file(fileName);
+  const bool isReplaced = !fileName.isEmpty() && (place.isFile() || !place.exists());
+  QFileDevice& output = isReplaced ? static_cast<QFileDevice&>(file) : device;
+  const QString name =
+      fileName.isEmpty() ? QStringLiteral("标准输出") : QStringLiteral("文件“%1”").arg(fileName);
+  const bool isOpen = fileName.isEmpty() ? device.open(STDOUT_FILENO, kMode) : output.open(kMode);
+  if (!isOpen) throw Error(QStringLiteral("无法写%1：%2").arg(name, output.errorString()));
+  const QStringList remarks = ExportLibrary(connection, output, !fileName.isEmpty());
+  if (isReplaced && !file.commit()) {
+    throw Error(QStringLiteral("无法写%1：%2").arg(name, file.errorString()));
   }
   for (const QString& message : remarks) {
     PrintMessage(message);

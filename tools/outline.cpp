@@ -8,6 +8,9 @@
 
 namespace {
 
+// As many as the tables take: characters of Unicode, a pair of surrogates is one.
+constexpr qsizetype kLongestName = 4000;
+
 bool IsLoneSurrogate(const QString& name, qsizetype i) {
   if (name[i].isHighSurrogate()) {
     return i + 1 == name.size() || !name[i + 1].isLowSurrogate();
@@ -57,10 +60,16 @@ QString Unescape(const QString& text, int line) {
       i += 4;
     }
   }
+  qsizetype length = 0;
   for (qsizetype i = 0; i < name.size(); ++i) {
+    length += name[i].isLowSurrogate() ? 0 : 1;
     if (IsLoneSurrogate(name, i)) {
       throw LineError(line, QStringLiteral("名称中有不成对的代理项（\\ud800 至 \\udfff）。"));
     }
+  }
+  if (length > kLongestName) {
+    throw LineError(line,
+                    QStringLiteral("名称有 %1 个字符，最多 %2 个。").arg(length).arg(kLongestName));
   }
   return name;
 }

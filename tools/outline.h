@@ -30,7 +30,7 @@ struct OutlineCategory {
 Error LineError(int line, const QString& reason);
 
 // Reads a whole outline. Raises LineError at the first line that is malformed or whose name is
-// given twice: to two categories, or to two words of one category.
+// longer than the tables take or given twice: to two categories, or to two words of one category.
 std::vector<OutlineCategory> ParseOutline(const QByteArray& text);
 
 // Appends the line of a category (depth 0) or of a word.

@@ -2,7 +2,7 @@
 
 create table Dictionary (
   GID integer not null primary key,
-  SortName text not null,
+  SortName text not null check (length(SortName) <= 4000),
   Position integer not null
 ) strict;
 
@@ -13,7 +13,7 @@ create table Items (
   SortID integer not null,
   ID integer not null,
   FatherID integer not null,
-  NodeName text not null,
+  NodeName text not null check (length(NodeName) <= 4000),
   primary key (SortID, ID)
 ) strict, without rowid;
 

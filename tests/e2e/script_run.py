@@ -4,6 +4,7 @@
 
 import contextlib
 import sqlite3
+import stat
 import subprocess
 import unittest
 
@@ -29,8 +30,10 @@ class ScriptRun(desktop.WindowTest):
         size = desktop.run("identify", "-format", "%wx%h", self.picture)
         self.assertEqual(size, "433x433")
         self.assertGreater(self.rows("select count(*) from Items")[0][0], 800)
+        modes = [stat.S_IMODE(path.stat().st_mode) for path in (self.library.parent, self.library, self.source)]
+        self.assertEqual(modes, [0o700, 0o600, 0o600])
         source = self.source.read_text(encoding="utf-8")
-        for option in ("NoCreat=1", "JournalMode=WAL", "SyncPragma=FULL", "Timeout=10000", f"Database={self.library}"):
+        for option in ("NoCreat=1", "JournalMode=WAL", "SyncPragma=FULL", f"Database={self.library}"):
             self.assertIn(option + "\n", source)
 
         with contextlib.closing(sqlite3.connect(self.library)) as library:

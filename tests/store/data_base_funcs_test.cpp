@@ -10,6 +10,8 @@
 #include "statements.h"
 
 #include <gmock/gmock.h>
+#include <algorithm>
+#include <thread>
 
 namespace {
 
@@ -45,6 +47,26 @@ TEST_P(DataBaseFuncsTest, CategoriesGetFreshIdentifiersAndTheNextPosition) {
   EXPECT_EQ(Categories(connection_), std::to_string(first) + "|车削|1\n" + std::to_string(third) +
                                          "|磨削|3\n" + std::to_string(fourth) + "|热处理|4\n");
   EXPECT_THAT((std::vector{first, second, third}), testing::Each(testing::Lt(fourth)));
+}
+
+TEST_P(DataBaseFuncsTest, WritersAtTheSameTimeDrawDifferentIdentifiers) {
+  const auto write = [] {
+    Connection connection;
+    connection.SetConnectionString(ConnectionStringOf(GetParam()));
+    connection.Open();
+    DataBaseFuncs funcs(connection);
+    for (qint32 i = 0, position = 0, gid = 0; i < 40; ++i) {
+      EXPECT_TRUE(funcs.AddDict(QString::number(i), position, gid));
+    }
+  };
+  std::thread other(write);
+  write();
+  other.join();
+  const std::string given =
+      Rows(QStringLiteral("select * from Dictionary order by GID"), {"GID"}, connection_);
+  EXPECT_EQ(std::count(given.begin(), given.end(), '\n'), 80);
+  EXPECT_EQ(given,
+            Rows(QStringLiteral("select * from GUIDLists order by ID"), {"ID"}, connection_));
 }
 
 TEST_P(DataBaseFuncsTest, NumbersAndChangesStayWithinTheirCategory) {

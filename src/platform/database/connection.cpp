@@ -8,14 +8,35 @@
 #include "odbc_connection.h"
 
 #include <langinfo.h>
+#include <odbcinst.h>
+
+#include <QRegularExpression>
+
 #include <clocale>
 #include <cstring>
 
 namespace {
 
+// How long a server may keep silent while the connection is made.
+constexpr int kLoginSeconds = 15;
+// SQLite's driver has a statement wait for as long as this, and then once more.
+constexpr int kSqliteMilliseconds = 5000;
+
 // A value as it may stand in a connection string.
 QString Braced(QString value) {
   return u'{' + value.replace(u'}', QLatin1String("}}")) + u'}';
+}
+
+// What the data source named in `connectionString` says about `key`; empty when it says nothing.
+QByteArray DataSourceValue(const QString& connectionString, const char* key) {
+  static const QRegularExpression kName(QStringLiteral("(?:^|;)\\s*DSN=([^;]*)"),
+                                        QRegularExpression::CaseInsensitiveOption);
+  const QByteArray name = kName.match(connectionString).captured(1).toUtf8();
+  char value[1024] = {};
+  if (!name.isEmpty()) {
+    SQLGetPrivateProfileString(name.constData(), key, "", value, sizeof value, "odbc.ini");
+  }
+  return value;
 }
 
 // Drivers convert texts to and from the process's encoding. A user's locale may be none that is
@@ -88,12 +109,21 @@ void Connection::Open(const QString& user, const QString& password) {
   QString text = impl_->connectionString;
   if (!user.isEmpty()) text += QStringLiteral(";UID=") + Braced(user);
   if (!password.isEmpty()) text += QStringLiteral(";PWD=") + Braced(password);
+  // Each key is of one driver, the others take no notice.
+  text += QStringLiteral(";Timeout=%1").arg(kSqliteMilliseconds);
+  if (DataSourceValue(text, "CONN_TIMEOUT").isEmpty()) {
+    text += QStringLiteral(";CONN_TIMEOUT=%1").arg(kLoginSeconds);
+  }
   QByteArray utf8 = text.toUtf8();
 
   OdbcHandle environment(SQL_HANDLE_ENV);
   environment.Check(
       SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, AsOdbcPointer(SQL_OV_ODBC3), 0));
   OdbcHandle handle(SQL_HANDLE_DBC, &environment);
+  // PostgreSQL's driver refuses to be told twice. A driver that knows no such time may say so.
+  if (!DataSourceValue(text, "Pqopt").contains("connect_timeout")) {
+    SQLSetConnectAttr(handle.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsOdbcPointer(kLoginSeconds), 0);
+  }
   handle.Check(SQLDriverConnect(handle.Get(), nullptr, OdbcText(utf8), SQL_NTS, nullptr, 0, nullptr,
                                 SQL_DRIVER_NOPROMPT));
   UseUtf8();  // a driver may have set the locale from the environment when it was loaded

@@ -22,7 +22,9 @@ class Connection {
   // What Open connects to, in ODBC's connection-string form, for instance "DSN=HCWordLib".
   void SetConnectionString(const QString& connectionString);
 
-  // Connects. An empty user or password is left to the data source. Fails when already open.
+  // Connects. An empty user or password is left to the data source. Fails when already open, and
+  // when a server has not answered for 15 seconds; a data source may set another time. From then on
+  // a statement fails that has waited for other users for 10 seconds.
   void Open(const QString& user = QString(), const QString& password = QString());
 
   bool IsOpen() const;

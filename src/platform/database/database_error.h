@@ -20,6 +20,9 @@ class DatabaseError : public Error {
   // SQLITE_CONSTRAINT with a text about UNIQUE, PostgreSQL's unique_violation, MariaDB's
   // ER_DUP_ENTRY (each in the engine's manual).
   bool IsDuplicateKey() const noexcept;
+  // Whether what was to be stored is refused for what it is: a duplicate, too long, of a wrong
+  // kind.
+  bool IsRowRefused() const noexcept;
   // The engine's own code, 0 where there is none.
   int NativeCode() const noexcept { return nativeCode_; }
 

@@ -7,9 +7,11 @@
 
 namespace {
 
-constexpr const char* kPostgreSqlSession[] = {"set standard_conforming_strings to on"};
+constexpr const char* kPostgreSqlSession[] = {"set standard_conforming_strings to on",
+                                              "set lock_timeout to 10000"};
 constexpr const char* kMariaDbSession[] = {
-    "set sql_mode = concat(@@sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_TRANS_TABLES')"};
+    "set sql_mode = concat(@@sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_TRANS_TABLES')",
+    "set innodb_lock_wait_timeout = 10, lock_wait_timeout = 10"};
 
 constexpr Dialect kSqlite = {{}, "select last_insert_rowid()"};
 constexpr Dialect kPostgreSql = {kPostgreSqlSession, "select lastval()"};

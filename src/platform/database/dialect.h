@@ -9,8 +9,8 @@
 
 // What differs from engine to engine.
 struct Dialect {
-  // Sent right after connecting, so that a text between single quotes is literal but for doubled
-  // single quotes.
+  // Sent right after connecting: a text between single quotes is literal but for doubled single
+  // quotes, and nothing waits for another user for more than 10 seconds.
   std::span<const char* const> sessionStatements;
   // Asks for the number that the database gave to the row stored last on the same connection.
   // Null where none is known.
