@@ -20,17 +20,20 @@ class WindowPlacement : public QObject {
   // fractional scale do not hold every value), else what the window has.
   TwipsRect Get() const;
 
-  // A place outside of every screen, of a monitor that is gone, becomes one on the primary screen.
+  // A size that no screen can show is cut to that of all screens together. A place where no screen
+  // shows enough of the caption to take hold of it becomes the nearest where one does.
   void Set(const TwipsRect& geometry);
-  void SetWidth(float width);
-  void SetHeight(float height);
+
+  // Asks for another size of the window that shows. The window manager may refuse it: the window
+  // has the size that its next resize event tells.
+  void AskForSize(float width, float height);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QMargins Frame() const;
-  void ApplySize();
+  QSize WantedSize() const;  // without the frame
 
   QWidget& window_;
   TwipsRect wanted_;

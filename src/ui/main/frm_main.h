@@ -140,7 +140,6 @@ class frmMain : public QMainWindow {
   WindowPlacement placement_;
   Layout layout_;
   float splitterLeft_ = 0;  // of the dragged bar
-  bool resizing_ = false;
 
   // The right button was the last one pressed on the tree: node clicks do not refill the list.
   bool RightButtonDown = false;
