@@ -46,6 +46,7 @@ QWidget* MakeLine(QWidget* parent, const char* name, QPalette::ColorRole color) 
 QPushButton* MakeButton(QWidget* parent, const char* name, const QString& text) {
   auto* const button = new QPushButton(text, parent);
   button->setObjectName(QLatin1String(name));
+  button->setMinimumWidth(button->sizeHint().width() + kSpacing);  // styles leave little room
   return button;
 }
 
