@@ -9,6 +9,8 @@
 
 #include <QMainWindow>
 
+#include <optional>
+
 class BandContainer;
 class ListView;
 class PictureBox;
@@ -140,6 +142,9 @@ class frmMain : public QMainWindow {
   WindowPlacement placement_;
   Layout layout_;
   float splitterLeft_ = 0;  // of the dragged bar
+  // The tree pane's width when the window was too small and asked to grow: what it has again in the
+  // size that the window gets then.
+  std::optional<float> treeWidthToKeep_;
 
   // The right button was the last one pressed on the tree: node clicks do not refill the list.
   bool RightButtonDown = false;

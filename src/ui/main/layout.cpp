@@ -46,8 +46,13 @@ void frmMain::Form_Resize() {
   const TwipsRect place = placement_.Get();
   const float width = EnoughFor(place.width);
   const float height = EnoughFor(place.height);
-  if (width != place.width || height != place.height) placement_.AskForSize(width, height);
-  SizeControls(layout_.picTreeContain.width);
+  const float treeWidth = treeWidthToKeep_.value_or(layout_.picTreeContain.width);
+  treeWidthToKeep_.reset();
+  if (width != place.width || height != place.height) {
+    treeWidthToKeep_ = treeWidth;
+    placement_.AskForSize(width, height);
+  }
+  SizeControls(treeWidth);
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
@@ -88,6 +93,7 @@ void frmMain::picShowSplitter_MouseMove(float X) {
 }
 
 void frmMain::picShowSplitter_MouseUp() {
+  treeWidthToKeep_.reset();
   SizeControls(splitterLeft_);
   picSplitter->hide();
   picShowSplitter->show();
