@@ -25,6 +25,10 @@ float Settled(float wanted, int actual, qreal scale) {
   return PixelsToTwips(actual);
 }
 
+// How long a size that was asked for may take, in milliseconds; doubled every time.
+constexpr int kFirstPatience = 250;
+constexpr int kLastPatience = 10'000;
+
 // As much of a caption as the pointer needs, in twips.
 constexpr double kCaptionWidth = 1500;
 constexpr double kCaptionHeight = 450;
@@ -56,6 +60,10 @@ TwipsRect Reachable(TwipsRect place) {
 
 WindowPlacement::WindowPlacement(QWidget& window) : QObject(&window), window_(window) {
   window_.installEventFilter(this);
+  askAgain_.setSingleShot(true);
+  connect(&askAgain_, &QTimer::timeout, this, [this] {
+    if (window_.isVisible() && window_.size() == refused_) Ask();
+  });
 }
 
 QMargins WindowPlacement::Frame() const {
@@ -90,7 +98,16 @@ void WindowPlacement::AskForSize(float width, float height) {
   wanted_ = Get();
   wanted_.width = width;
   wanted_.height = height;
+  refused_ = window_.size();
+  patience_ = kFirstPatience;
+  Ask();
+}
+
+void WindowPlacement::Ask() {
   window_.windowHandle()->resize(WantedSize());
+  if (patience_ > kLastPatience) return;
+  askAgain_.start(patience_);
+  patience_ *= 2;
 }
 
 QSize WindowPlacement::WantedSize() const {

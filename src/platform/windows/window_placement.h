@@ -7,6 +7,8 @@
 
 #include <QMargins>
 #include <QObject>
+#include <QSize>
+#include <QTimer>
 
 class QWidget;
 
@@ -24,8 +26,8 @@ class WindowPlacement : public QObject {
   // shows enough of the caption to take hold of it becomes the nearest where one does.
   void Set(const TwipsRect& geometry);
 
-  // Asks for another size of the window that shows. The window manager may refuse it: the window
-  // has the size that its next resize event tells.
+  // Asks for another size of the window that shows. The window has it from the resize event on that
+  // tells of it. A window manager that refuses, as during a drag, is asked some more times.
   void AskForSize(float width, float height);
 
  protected:
@@ -34,8 +36,12 @@ class WindowPlacement : public QObject {
  private:
   QMargins Frame() const;
   QSize WantedSize() const;  // without the frame
+  void Ask();
 
   QWidget& window_;
   TwipsRect wanted_;
+  QSize refused_;  // the window's size when another one was asked for
+  QTimer askAgain_;
+  int patience_ = 0;
   bool framed_ = false;  // the window's size allows for its frame
 };
