@@ -436,6 +436,7 @@ void Session::TypeText() {
   QInputMethodEvent event;
   event.setCommitString(text);
   QApplication::sendEvent(focus, &event);
+  composing_ = nullptr;
   editing_ = OpenEditing();
 }
 
