@@ -15,9 +15,9 @@ TreeNodes::~TreeNodes() {
   for (std::unique_ptr<Node>& node : *top_.children_) Forget(std::move(node));
 }
 
-Node& TreeNodes::Add(CompactText relative, Relationship /*relationship*/, CompactText key,
-                     QString text, int image) {
-  Node* parent = relative.IsEmpty() ? &top_ : index_.Find(relative);
+Node& TreeNodes::Add(EntryKey relative, Relationship /*relationship*/, EntryKey key, QString text,
+                     int image) {
+  Node* parent = relative.IsNone() ? &top_ : index_.Find(relative);
   if (parent == nullptr) throw Error(QStringLiteral("找不到元素"));
   std::unique_ptr<Node> node(new Node);
   node->key = key;
@@ -35,13 +35,13 @@ Node& TreeNodes::Add(CompactText relative, Relationship /*relationship*/, Compac
   return added;
 }
 
-Node& TreeNodes::Item(CompactText key) const {
+Node& TreeNodes::Item(EntryKey key) const {
   Node* node = index_.Find(key);
   if (node == nullptr) throw Error(QStringLiteral("找不到元素"));
   return *node;
 }
 
-void TreeNodes::Remove(CompactText key) {
+void TreeNodes::Remove(EntryKey key) {
   Node& node = Item(key);
   Node* parent = node.parent_;
   auto& siblings = *parent->children_;

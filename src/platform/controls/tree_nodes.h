@@ -18,9 +18,9 @@ class TreeNodes;
 // A node of a tree view, owned by its parent. It stays where it is in memory until it is removed.
 class Node : private Keyed, public Pooled<Node> {
  public:
-  QString Key() const { return key.ToString(); }
-  QString Tag() const { return tag_.ToString(); }
-  void SetTag(CompactText tag) { tag_ = tag; }
+  EntryKey Key() const { return key; }
+  EntryTag Tag() const { return tag_; }
+  void SetTag(EntryTag tag) { tag_ = tag; }
   const QString& Text() const { return text_; }
   // The number of the node's picture in the view's image list.
   int Image() const { return image_; }
@@ -47,7 +47,7 @@ class Node : private Keyed, public Pooled<Node> {
   // Null until there is a child: most nodes are leaves.
   std::unique_ptr<std::vector<std::unique_ptr<Node>>> children_;
   QString text_;
-  CompactText tag_;
+  EntryTag tag_{};
   qint32 row_ = 0;
   qint16 image_ = 0;
 };
@@ -67,18 +67,17 @@ class TreeNodes : public QAbstractItemModel {
   void SetImageList(const ImageList* images) { images_ = images; }
 
   // Adds a node as the last child of the node keyed `relative`, or as the last top-level node when
-  // that is empty. An Error when there is no such node or the key is in use; then nothing is added.
-  Node& Add(CompactText relative, Relationship relationship, CompactText key, QString text,
-            int image);
+  // that is none. An Error when there is no such node or the key is in use; then nothing is added.
+  Node& Add(EntryKey relative, Relationship relationship, EntryKey key, QString text, int image);
 
   // An Error when there is none.
-  Node& Item(CompactText key) const;
+  Node& Item(EntryKey key) const;
 
   // Null when there is none.
-  Node* Find(CompactText key) const { return index_.Find(key); }
+  Node* Find(EntryKey key) const { return index_.Find(key); }
 
   // Removes the node with its whole subtree. An Error when there is none.
-  void Remove(CompactText key);
+  void Remove(EntryKey key);
 
   void SetText(Node& node, const QString& text);
 

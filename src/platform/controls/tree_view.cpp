@@ -117,7 +117,7 @@ void TreeView::EnsureVisible(Node& node) {
   scrollTo(nodes_.IndexOf(&node));
 }
 
-void TreeView::RemoveNode(const QString& key) {
+void TreeView::RemoveNode(EntryKey key) {
   Node& node = nodes_.Item(key);
   const Node* above = SelectedItem();
   while (above != nullptr && above != &node) above = above->Parent();
@@ -181,7 +181,7 @@ void TreeView::CloseEditor() {
 
 void TreeView::EndLabelEdit(LabelEditor::Ending ending) {
   const QString text = editor_->text();
-  const QString key = editedKey_;
+  const EntryKey key = editedKey_;
   const bool changed = editor_->IsChanged();
   CloseEditor();
   if (ending == LabelEditor::Ending::kEscape) return;

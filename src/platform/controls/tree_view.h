@@ -54,7 +54,7 @@ class TreeView : public QTreeView {
   void EnsureVisible(Node& node);
   // Removes the node with its subtree. When the selected node goes with it, the next sibling is
   // selected, else the previous one, else the parent.
-  void RemoveNode(const QString& key);
+  void RemoveNode(EntryKey key);
 
   // Opens the label editor on the selected node, unless there is none or BeforeLabelEdit refuses.
   void StartLabelEdit();
@@ -122,7 +122,7 @@ class TreeView : public QTreeView {
   Node* selectedBeforeShow_ = nullptr;
   Node* dropHighlight_ = nullptr;
   QPointer<LabelEditor> editor_;
-  QString editedKey_;
+  EntryKey editedKey_;
   // The node whose label was clicked while it was selected already, until it is clear that no
   // double click follows.
   Node* clickedLabel_ = nullptr;

@@ -23,13 +23,13 @@
 
 #include <memory>
 
-QString frmMain::SelectedTag() const {
+EntryTag frmMain::SelectedTag() const {
   const Node* selected = tvTreeView->SelectedItem();
-  return selected == nullptr ? QString() : selected->Tag();
+  return selected == nullptr ? EntryTag() : selected->Tag();
 }
 
 void frmMain::tvTreeView_NodeClick() {
-  sbStatusBar->SetPanelText(SelectedTag());
+  sbStatusBar->SetPanelText(TagText(SelectedTag()));
   if (!RightButtonDown) FillList();
 }
 
@@ -41,14 +41,14 @@ void frmMain::ClearList() {
 void frmMain::FillList() {
   ClearList();
   const Node* selected = tvTreeView->SelectedItem();
-  const bool categories = selected->Tag() == kAppTitle;
+  const bool categories = selected->Tag() == kRootTag;
   ListPrptys& records = TheWordTree().colListPrptys();
   for (const Node* child = selected->Child(); child != nullptr; child = child->Next()) {
-    const QString key = child->Key();
+    const EntryKey key = child->Key();
     TheEditFuncs().AddListItem(*lvListView, child->Text(), child->Image(), child->Tag(), key);
     if (categories) {
       const DictPrpty& category = TheWordTree().colDictPrptys().Item(key);
-      records.Add(category.DicID(), 0, QString(), 0, category.NodeKey(), category.NodeName(),
+      records.Add(category.DicID(), 0, EntryKey(), 0, category.NodeKey(), category.NodeName(),
                   category.Tag(), category.NodeKey());
     } else {
       const TreePrpty& word = TheWordTree().colTreePrptys().Item(key);
@@ -79,8 +79,8 @@ void frmMain::ShowPopMnu(const QPoint& position) {
        {mnuPopNewItem, mnuPopNewWord, mnuPopSep1, mnuPopDelete, mnuPopSep2, mnuPopRename}) {
     item->setVisible(true);
   }
-  const QString tag = SelectedTag();
-  if (tag == kAppTitle) {
+  const EntryTag tag = SelectedTag();
+  if (tag == kRootTag) {
     for (QAction* item : {mnuPopNewWord, mnuPopDelete, mnuPopRename, mnuPopSep1, mnuPopSep2}) {
       item->setVisible(false);
     }
@@ -91,11 +91,11 @@ void frmMain::ShowPopMnu(const QPoint& position) {
 }
 
 void frmMain::tvTreeView_BeforeLabelEdit(qint16& Cancel) {
-  if (SelectedTag() == kAppTitle) Cancel = 1;
+  if (SelectedTag() == kRootTag) Cancel = 1;
 }
 
 void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString) {
-  const QString key = tvTreeView->SelectedItem()->Key();
+  const EntryKey key = tvTreeView->SelectedItem()->Key();
   const bool category = SelectedTag() == kCategoryTag;
   if (NewString.isEmpty()) {
     MsgBox(this,
