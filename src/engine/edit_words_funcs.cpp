@@ -50,6 +50,7 @@ bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
   TheTable.MoveLast();
   const qint32 count = TheTable.RecordCount();
   TheTable.MoveFirst();
+  const TreeNodes::Loading loading(TheTree.Nodes());
   for (qint32 i = 0; i < count; ++i) {
     const qint32 gid = TheTable.FieldInteger("GID");
     const qint32 position = TheTable.FieldInteger("Position");

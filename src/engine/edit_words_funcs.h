@@ -33,8 +33,8 @@ class EditWordsFuncs {
                        EntryTag ListTag, EntryKey TheKey);
 
   // Loads the categories of TheTable, a record set over Dictionary, with their words, in the order
-  // of its rows. False when it has none. TheTable stays open. Nodes are collapsed when they are
-  // added, and stay so.
+  // of its rows. False when it has none. TheTable stays open. Afterwards all nodes are collapsed
+  // and none is selected.
   bool OpenAddNodes(TreeView& TheTree, Recordset& TheTable);
 
   // Loads all words of the category DictID under its node, keyed ParentKey. False when it has

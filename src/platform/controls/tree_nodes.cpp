@@ -29,10 +29,22 @@ Node& TreeNodes::Add(EntryKey relative, Relationship /*relationship*/, EntryKey 
   if (!parent->children_) {
     parent->children_ = std::make_unique<std::vector<std::unique_ptr<Node>>>();
   }
-  beginInsertRows(parent == &top_ ? QModelIndex() : IndexOf(parent), node->row_, node->row_);
+  if (!loading_) {
+    beginInsertRows(parent == &top_ ? QModelIndex() : IndexOf(parent), node->row_, node->row_);
+  }
   Node& added = *parent->children_->emplace_back(std::move(node));
-  endInsertRows();
+  if (!loading_) endInsertRows();
   return added;
+}
+
+TreeNodes::Loading::Loading(TreeNodes& nodes) : nodes_(nodes) {
+  nodes_.beginResetModel();
+  nodes_.loading_ = true;
+}
+
+TreeNodes::Loading::~Loading() {
+  nodes_.loading_ = false;
+  nodes_.endResetModel();
 }
 
 Node& TreeNodes::Item(EntryKey key) const {

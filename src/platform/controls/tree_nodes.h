@@ -70,6 +70,20 @@ class TreeNodes : public QAbstractItemModel {
   // that is none. An Error when there is no such node or the key is in use; then nothing is added.
   Node& Add(EntryKey relative, Relationship relationship, EntryKey key, QString text, int image);
 
+  // While it exists, added nodes are not announced one by one, which would take longer than all
+  // else that is done for them, and none is removed. At its end the views start anew: all is
+  // collapsed, nothing selected.
+  class Loading {
+   public:
+    explicit Loading(TreeNodes& nodes);
+    ~Loading();
+    Loading(const Loading&) = delete;
+    Loading& operator=(const Loading&) = delete;
+
+   private:
+    TreeNodes& nodes_;
+  };
+
   // An Error when there is none.
   Node& Item(EntryKey key) const;
 
@@ -97,5 +111,6 @@ class TreeNodes : public QAbstractItemModel {
   // The invisible parent of the top-level nodes.
   Node top_;
   KeyIndex<Node> index_;
+  bool loading_ = false;
   const ImageList* images_ = nullptr;
 };

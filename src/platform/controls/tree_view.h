@@ -93,7 +93,6 @@ class TreeView : public QTreeView {
   void inputMethodEvent(QInputMethodEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  void showEvent(QShowEvent* event) override;
   void updateGeometries() override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
@@ -102,7 +101,6 @@ class TreeView : public QTreeView {
   void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
 
  private:
-  void AttachModel();
   Node* NodeUnder(const QPoint& position) const;
   void EndLabelEdit(LabelEditor::Ending ending);
   void CloseEditor();
@@ -118,8 +116,6 @@ class TreeView : public QTreeView {
   TreeNodes nodes_;
   TreeItemDelegate* delegate_;
   LabelEdit labelEdit_ = LabelEdit::kAutomatic;
-  // Used while the view has no model yet; afterwards the current index tells.
-  Node* selectedBeforeShow_ = nullptr;
   Node* dropHighlight_ = nullptr;
   QPointer<LabelEditor> editor_;
   EntryKey editedKey_;
