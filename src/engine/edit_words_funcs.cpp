@@ -31,8 +31,8 @@ EntryKey EditWordsFuncs::AddNode(TreeView& TheTree, EntryKey ParentKey, const QS
   return key;
 }
 
-EntryKey EditWordsFuncs::AppendNode(TreeNodes& nodes, EntryKey parentKey, QString text, qint32 icon,
-                                    EntryTag tag) {
+EntryKey EditWordsFuncs::AppendNode(TreeNodes& nodes, EntryKey parentKey, SharedText text,
+                                    qint32 icon, EntryTag tag) {
   if (TreeCount == std::numeric_limits<qint32>::max()) throw Error(QStringLiteral("溢出"));
   const EntryKey key = EntryKey::Numbered(TreeCount++);
   nodes.Add(parentKey, Relationship::kChild, key, std::move(text), icon).SetTag(tag);
@@ -80,7 +80,7 @@ bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qin
   for (qint32 i = 0; i < count; ++i) {
     const qint32 id = words->FieldInteger(idColumn);
     const qint32 fatherId = words->FieldInteger(fatherIdColumn);
-    QString nodeName = words->FieldText(nodeNameColumn);
+    SharedText nodeName(words->FieldView(nodeNameColumn));
     EntryKey parentKey = ParentKey;
     if (fatherId == 0 || records.GetFatherKey(DictID, fatherId, parentKey)) {
       const EntryKey key = AppendNode(TheTree.Nodes(), parentKey, nodeName, kWordImage, kWordTag);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "entry_key.h"
+#include "shared_text.h"
 
 #include <QList>
 #include <QString>
@@ -55,7 +56,7 @@ class EditWordsFuncs {
 
  private:
   // Adds a node as the last child of the node keyed parentKey and returns its key.
-  EntryKey AppendNode(TreeNodes& nodes, EntryKey parentKey, QString text, qint32 icon,
+  EntryKey AppendNode(TreeNodes& nodes, EntryKey parentKey, SharedText text, qint32 icon,
                       EntryTag tag);
   QString FreeName(const QString& statement, const QString& base,
                    QString (*criterion)(const QString&));

@@ -5,7 +5,7 @@
 
 #include "error.h"
 #include "key_index.h"
-#include "pooled.h"
+#include "pool.h"
 
 #include <QString>
 
@@ -26,7 +26,7 @@ class KeyedCollection {
   // Appends `record`, without a key when `sKey` is none. Fails when the key is in use.
   Record& Append(Record record, EntryKey sKey) {
     std::unique_ptr<Entry> entry(new Entry(sKey, std::move(record), last_));
-    if (!sKey.IsNone() && !index_.Insert(*entry)) {
+    if (!index_.Insert(*entry)) {
       throw Error(QStringLiteral("该关键字已经与该集合的一个元素相关联"));
     }
     (last_ == nullptr ? first_ : last_->next) = entry.get();
@@ -43,7 +43,7 @@ class KeyedCollection {
   template <class IndexKey>
   void Remove(const IndexKey& vntIndexKey) {
     Entry& entry = Find(vntIndexKey);
-    if (!entry.key.IsNone()) index_.Remove(entry);
+    index_.Remove(entry);
     (entry.previous == nullptr ? first_ : entry.previous->next) = entry.next;
     (entry.next == nullptr ? last_ : entry.next->previous) = entry.previous;
     --count_;
@@ -79,7 +79,7 @@ class KeyedCollection {
   };
 
   Entry& Find(EntryKey key) const {
-    Entry* entry = key.IsNone() ? nullptr : index_.Find(key);
+    Entry* entry = index_.Find(key);
     if (entry == nullptr) throw Error(QStringLiteral("无效的过程调用或参数"));
     return *entry;
   }

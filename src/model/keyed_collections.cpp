@@ -5,7 +5,7 @@
 
 #include <utility>
 
-const TreePrpty& TreePrptys::Add(qint32 DicID, qint32 ID, qint32 FatherID, QString NodeName,
+const TreePrpty& TreePrptys::Add(qint32 DicID, qint32 ID, qint32 FatherID, SharedText NodeName,
                                  EntryKey NodeKey, EntryTag Tag, EntryKey FatherKey,
                                  EntryKey sKey) {
   TreePrpty created;

@@ -17,8 +17,9 @@
 class TreePrptys {
  public:
   // The new record, under the key `sKey` unless that is none.
-  const TreePrpty& Add(qint32 DicID, qint32 ID, qint32 FatherID, QString NodeName, EntryKey NodeKey,
-                       EntryTag Tag, EntryKey FatherKey, EntryKey sKey = EntryKey());
+  const TreePrpty& Add(qint32 DicID, qint32 ID, qint32 FatherID, SharedText NodeName,
+                       EntryKey NodeKey, EntryTag Tag, EntryKey FatherKey,
+                       EntryKey sKey = EntryKey());
 
   // Gives the record under `TheKey` a new NodeName and returns true.
   bool Rename(EntryKey TheKey, const QString& NewName);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "entry_key.h"
+#include "shared_text.h"
 
 #include <QString>
 
@@ -27,8 +28,8 @@ class TreePrpty {
   void SetNodeKey(EntryKey value) { nodeKey_ = value; }
   EntryKey NodeKey() const { return nodeKey_; }
 
-  void SetNodeName(QString value) { nodeName_ = std::move(value); }
-  QString NodeName() const { return nodeName_; }
+  void SetNodeName(SharedText value) { nodeName_ = std::move(value); }
+  QString NodeName() const { return nodeName_.ToString(); }
 
   // The ID of the parent word in the same category; 0 for a word directly under its category.
   void SetFatherID(qint32 value) { fatherId_ = value; }
@@ -43,13 +44,13 @@ class TreePrpty {
   qint32 DicID() const { return dicId_; }
 
  private:
+  SharedText nodeName_;
   EntryKey fatherKey_;
-  EntryTag tag_{};
   EntryKey nodeKey_;
-  QString nodeName_;
   qint32 fatherId_ = 0;
   qint32 id_ = 0;
   qint32 dicId_ = 0;
+  EntryTag tag_{};
 };
 
 // An entry shown as a list item.
@@ -103,8 +104,8 @@ class DictPrpty {
   void SetTag(EntryTag value) { tag_ = value; }
   EntryTag Tag() const { return tag_; }
 
-  void SetNodeName(QString value) { nodeName_ = std::move(value); }
-  QString NodeName() const { return nodeName_; }
+  void SetNodeName(SharedText value) { nodeName_ = std::move(value); }
+  QString NodeName() const { return nodeName_.ToString(); }
 
   // The key of the category's tree node and of this record in its collection.
   void SetNodeKey(EntryKey value) { nodeKey_ = value; }
@@ -121,7 +122,7 @@ class DictPrpty {
  private:
   EntryTag tag_{};
   EntryKey nodeKey_;
-  QString nodeName_;
+  SharedText nodeName_;
   qint32 position_ = 0;
   qint32 dicId_ = 0;
 };

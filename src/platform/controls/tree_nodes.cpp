@@ -15,8 +15,8 @@ TreeNodes::~TreeNodes() {
   for (std::unique_ptr<Node>& node : *top_.children_) Forget(std::move(node));
 }
 
-Node& TreeNodes::Add(EntryKey relative, Relationship /*relationship*/, EntryKey key, QString text,
-                     int image) {
+Node& TreeNodes::Add(EntryKey relative, Relationship /*relationship*/, EntryKey key,
+                     SharedText text, int image) {
   Node* parent = relative.IsNone() ? &top_ : index_.Find(relative);
   if (parent == nullptr) throw Error(QStringLiteral("找不到元素"));
   std::unique_ptr<Node> node(new Node);
@@ -121,7 +121,7 @@ QVariant TreeNodes::data(const QModelIndex& index, int role) const {
   const Node& node = *NodeAt(index);
   switch (role) {
     case Qt::DisplayRole:
-      return node.text_;
+      return node.Text();
     case Qt::DecorationRole:
       return images_ == nullptr ? QVariant() : QVariant::fromValue(images_->Picture(node.image_));
     default:

@@ -5,7 +5,8 @@
 
 #include "image_list.h"
 #include "key_index.h"
-#include "pooled.h"
+#include "pool.h"
+#include "shared_text.h"
 
 #include <QAbstractItemModel>
 #include <QString>
@@ -21,7 +22,7 @@ class Node : private Keyed, public Pooled<Node> {
   EntryKey Key() const { return key; }
   EntryTag Tag() const { return tag_; }
   void SetTag(EntryTag tag) { tag_ = tag; }
-  const QString& Text() const { return text_; }
+  QString Text() const { return text_.ToString(); }
   // The number of the node's picture in the view's image list.
   int Image() const { return image_; }
 
@@ -46,10 +47,10 @@ class Node : private Keyed, public Pooled<Node> {
   Node* parent_ = nullptr;
   // Null until there is a child: most nodes are leaves.
   std::unique_ptr<std::vector<std::unique_ptr<Node>>> children_;
-  QString text_;
-  EntryTag tag_{};
+  SharedText text_;
   qint32 row_ = 0;
   qint16 image_ = 0;
+  EntryTag tag_{};
 };
 
 enum class Relationship { kChild = 4 };
@@ -68,7 +69,7 @@ class TreeNodes : public QAbstractItemModel {
 
   // Adds a node as the last child of the node keyed `relative`, or as the last top-level node when
   // that is none. An Error when there is no such node or the key is in use; then nothing is added.
-  Node& Add(EntryKey relative, Relationship relationship, EntryKey key, QString text, int image);
+  Node& Add(EntryKey relative, Relationship relationship, EntryKey key, SharedText text, int image);
 
   // While it exists, added nodes are not announced one by one, which would take longer than all
   // else that is done for them, and none is removed. At its end the views start anew: all is

@@ -79,7 +79,10 @@ struct Recordset::Impl {
   void RequireOpen() const;
   // Between AddNew and Update there is nothing to do but to fill in the row.
   void RequireRows() const;
-  void RequireCurrentRow() const;
+  void RequireCurrentRow() const {
+    if (adding || current >= rows.RowCount()) FailWithoutCurrentRow();
+  }
+  [[noreturn]] void FailWithoutCurrentRow() const;
   void Ask(size_t column);
 };
 
@@ -93,9 +96,9 @@ void Recordset::Impl::RequireRows() const {
   if (rows.RowCount() == 0) throw DatabaseError(QStringLiteral("记录集中没有记录。"));
 }
 
-void Recordset::Impl::RequireCurrentRow() const {
+void Recordset::Impl::FailWithoutCurrentRow() const {
   RequireRows();
-  if (current == rows.RowCount()) throw DatabaseError(QStringLiteral("没有当前记录。"));
+  throw DatabaseError(QStringLiteral("没有当前记录。"));
 }
 
 // If the current row's number in `column` was left to the database, asks for it.
@@ -216,6 +219,15 @@ QString Recordset::FieldText(size_t column) const {
   if (impl_->rows.IsText(column)) return impl_->rows.Text(column, impl_->current).toString();
   if (!impl_->unasked.empty()) impl_->Ask(column);
   return QString::number(impl_->rows.Number(column, impl_->current));
+}
+
+QStringView Recordset::FieldView(size_t column) const {
+  impl_->RequireCurrentRow();
+  if (!impl_->rows.IsText(column)) {
+    throw DatabaseError(QStringLiteral("字段“%1”不是文字。")
+                            .arg(QString::fromUtf8(impl_->rows.ColumnName(column))));
+  }
+  return impl_->rows.Text(column, impl_->current);
 }
 
 void Recordset::AddNew() {

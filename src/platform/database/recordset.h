@@ -70,6 +70,8 @@ class Recordset {
   size_t ColumnOf(const char* name) const;
   qint32 FieldInteger(size_t column) const;
   QString FieldText(size_t column) const;
+  // A text where it stands, until the record set changes. Fails for a column of numbers.
+  QStringView FieldView(size_t column) const;
 
   // AddNew begins a row, SetField fills it in, Update stores it; in between there is no current
   // row. The new row is then the record set's last and current row. A number that was not set reads
