@@ -11,6 +11,8 @@
 #include "tree_view.h"
 #include "word_tree.h"
 
+#include <QAbstractItemModelTester>
+
 #include <string>
 #include <utility>
 #include <vector>
@@ -70,6 +72,8 @@ class EditWordsFuncsTest : public EngineTest {
 
   WordTree wordTree_;
   TreeView tree_;
+  const QAbstractItemModelTester tester_{tree_.model(),
+                                         QAbstractItemModelTester::FailureReportingMode::Fatal};
   EditWordsFuncs funcs_{connection_, wordTree_};
 };
 
