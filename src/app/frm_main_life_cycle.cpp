@@ -81,8 +81,8 @@ void frmMain::InitForm() {
 
 void frmMain::LoadWordLib() {
   Node& root =
-      tvTreeView->Nodes().Add(QString(), Relationship::kChild, kRootKey, kAppTitle, kRootImage);
-  root.SetTag(kAppTitle);
+      tvTreeView->Nodes().Add(EntryKey(), Relationship::kChild, kRootKey, kAppTitle, kRootImage);
+  root.SetTag(kRootTag);
   tvTreeView->SetSelectedItem(root);
 
   TheConn().SetConnectionString(QStringLiteral("DSN=HCWordLib"));

@@ -54,7 +54,7 @@ class TreeView : public QTreeView {
   void EnsureVisible(Node& node);
   // Removes the node with its subtree. When the selected node goes with it, the next sibling is
   // selected, else the previous one, else the parent.
-  void RemoveNode(const QString& key);
+  void RemoveNode(EntryKey key);
 
   // Opens the label editor on the selected node, unless there is none or BeforeLabelEdit refuses.
   void StartLabelEdit();
@@ -99,7 +99,6 @@ class TreeView : public QTreeView {
   void inputMethodEvent(QInputMethodEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  void showEvent(QShowEvent* event) override;
   void updateGeometries() override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
@@ -108,7 +107,6 @@ class TreeView : public QTreeView {
   void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
 
  private:
-  void AttachModel();
   Node* NodeUnder(const QPoint& position) const;
   void AskForContextMenu();
   void FitColumn(bool rowsChanged);
@@ -123,8 +121,6 @@ class TreeView : public QTreeView {
   TreeItemDelegate* delegate_;
   std::unique_ptr<LabelEditing> labelEditing_;
   LabelEdit labelEdit_ = LabelEdit::kAutomatic;
-  // Used while the view has no model yet; afterwards the current index tells.
-  Node* selectedBeforeShow_ = nullptr;
   Node* dropHighlight_ = nullptr;
   int widest_ = 0;
   QPoint pressedAt_;

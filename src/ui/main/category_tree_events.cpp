@@ -25,13 +25,13 @@
 #include <cstdio>
 #include <memory>
 
-QString frmMain::SelectedTag() const {
+EntryTag frmMain::SelectedTag() const {
   const Node* selected = tvTreeView->SelectedItem();
-  return selected == nullptr ? QString() : selected->Tag();
+  return selected == nullptr ? EntryTag() : selected->Tag();
 }
 
 void frmMain::tvTreeView_NodeClick() {
-  sbStatusBar->SetPanelText(SelectedTag());
+  sbStatusBar->SetPanelText(TagText(SelectedTag()));
   if (!RightButtonDown) FillList();
 }
 
@@ -43,14 +43,14 @@ void frmMain::ClearList() {
 void frmMain::FillList() {
   ClearList();
   const Node* selected = tvTreeView->SelectedItem();
-  const bool categories = selected->Tag() == kAppTitle;
+  const bool categories = selected->Tag() == kRootTag;
   ListPrptys& records = TheWordTree().colListPrptys();
   for (const Node* child = selected->Child(); child != nullptr; child = child->Next()) {
-    const QString key = child->Key();
+    const EntryKey key = child->Key();
     TheEditFuncs().AddListItem(*lvListView, child->Text(), child->Image(), child->Tag(), key);
     if (categories) {
       const DictPrpty& category = TheWordTree().colDictPrptys().Item(key);
-      records.Add(category.DicID(), 0, QString(), 0, category.NodeKey(), category.NodeName(),
+      records.Add(category.DicID(), 0, EntryKey(), 0, category.NodeKey(), category.NodeName(),
                   category.Tag(), category.NodeKey());
     } else {
       const TreePrpty& word = TheWordTree().colTreePrptys().Item(key);
@@ -81,8 +81,8 @@ void frmMain::ShowPopMnu(const QPoint& position) {
        {mnuPopNewItem, mnuPopNewWord, mnuPopSep1, mnuPopDelete, mnuPopSep2, mnuPopRename}) {
     item->setVisible(true);
   }
-  const QString tag = SelectedTag();
-  if (tag == kAppTitle) {
+  const EntryTag tag = SelectedTag();
+  if (tag == kRootTag) {
     for (QAction* item : {mnuPopNewWord, mnuPopDelete, mnuPopRename, mnuPopSep1, mnuPopSep2}) {
       item->setVisible(false);
     }
@@ -94,7 +94,7 @@ void frmMain::ShowPopMnu(const QPoint& position) {
 
 void frmMain::tvTreeView_BeforeLabelEdit(qint16& Cancel) {
   EditAgain = false;  // whichever way it opens, it need not open again
-  if (SelectedTag() == kAppTitle) Cancel = 1;
+  if (SelectedTag() == kRootTag) Cancel = 1;
 }
 
 // Nobody is there to read a message once the program has been told to end.
@@ -109,7 +109,7 @@ void frmMain::Refuse(const QString& name, const QString& why) {
 
 // The tree raises this for its selected node only.
 void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString) {
-  const QString key = tvTreeView->SelectedItem()->Key();
+  const EntryKey key = tvTreeView->SelectedItem()->Key();
   const bool category = SelectedTag() == kCategoryTag;
   if (NewString.isEmpty()) {
     Refuse(NewString, category ? QStringLiteral("分类条目不能为空字符。")
@@ -145,7 +145,7 @@ void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString
 
 // Whether the database has the name already: as a category's when the node keyed `key` is one, else
 // as that of a word of the same category.
-bool frmMain::IsTaken(const QString& name, const QString& key) const {
+bool frmMain::IsTaken(const QString& name, EntryKey key) const {
   const BusyPointer busy;
   const QString query =
       SelectedTag() == kCategoryTag

@@ -52,7 +52,7 @@ void frmMain::mnuEditNewItem_Click() {
 
 void frmMain::mnuEditNewWord_Click() {
   if (!tvTreeView->EndLabelEdit()) return;
-  const QString tag = SelectedTag();
+  const EntryTag tag = SelectedTag();
   if (tag == kCategoryTag) {
     NewWord(1);
   } else if (tag == kWordTag) {
@@ -62,7 +62,7 @@ void frmMain::mnuEditNewWord_Click() {
 
 void frmMain::mnuEditDelete_Click() {
   if (!tvTreeView->EndLabelEdit()) return;
-  const QString tag = SelectedTag();
+  const EntryTag tag = SelectedTag();
   if (tag == kCategoryTag) {
     DeleteNode(1);
   } else if (tag == kWordTag) {
@@ -78,7 +78,7 @@ void frmMain::NewDict() {
   auto busy = std::make_optional<BusyPointer>();
   Node* const selectedBefore = tvTreeView->SelectedItem();
   const QString name = TheEditFuncs().TreeDictNewName();
-  const QString key =
+  const EntryKey key =
       TheEditFuncs().AddNode(*tvTreeView, kRootKey, name, kCategoryImage, kCategoryTag, 1);
   qint32 position = 0;
   qint32 newItemId = 0;
@@ -100,14 +100,14 @@ void frmMain::NewDict() {
     std::fprintf(stderr, "hcwordlib: %s\n", qUtf8Printable(reason));
     EndProgram();
   }
-  TheWordTree().colDictPrptys().Add(newItemId, position, key, name, QString(), key);
+  TheWordTree().colDictPrptys().Add(newItemId, position, key, name, EntryTag(), key);
   tvTreeView->StartLabelEdit();
 }
 
 void frmMain::NewWord(qint32 Sel) {
   const BusyPointer busy;
   Node* const parent = tvTreeView->SelectedItem();
-  const QString parentKey = parent->Key();
+  const EntryKey parentKey = parent->Key();
   qint32 dicId = 0;
   qint32 fatherId = 0;
   if (Sel == 1) {
@@ -118,7 +118,8 @@ void frmMain::NewWord(qint32 Sel) {
     fatherId = word.ID();
   }
   const QString name = TheEditFuncs().TreeWordNewName(dicId);
-  const QString key = TheEditFuncs().AddNode(*tvTreeView, parentKey, name, kWordImage, kWordTag, 1);
+  const EntryKey key =
+      TheEditFuncs().AddNode(*tvTreeView, parentKey, name, kWordImage, kWordTag, 1);
   qint32 newId = 0;
   try {
     TheDBFuncs().AddItem(name, dicId, newId, fatherId);
@@ -136,10 +137,10 @@ void frmMain::DeleteNode(qint32 Sel) {
       MsgBoxResult::kNo) {
     return;
   }
-  if (SelectedTag() == kAppTitle) return;
+  if (SelectedTag() == kRootTag) return;
   const BusyPointer busy;
   const Node* selected = tvTreeView->SelectedItem();
-  const QString key = selected->Key();
+  const EntryKey key = selected->Key();
   if (Sel == 1) {
     const auto forget = [this, selected, &key] {
       TheWordTree().colDictPrptys().Remove(key);
@@ -167,7 +168,7 @@ void frmMain::DeleteNode(qint32 Sel) {
 // Deletes the word's row and then those of the words below it, each before its children. The walk
 // keeps its own stack: words nest to any depth. When a row cannot be deleted, the words whose rows
 // are gone go from the tree with all that hung below them, and the error travels on.
-void frmMain::DeleteWords(const QString& NodeKey) {
+void frmMain::DeleteWords(EntryKey NodeKey) {
   TreePrptys& words = TheWordTree().colTreePrptys();
   std::vector<const Node*> toDelete = {&tvTreeView->Nodes().Item(NodeKey)};
   bool deletesRows = true;
@@ -175,7 +176,7 @@ void frmMain::DeleteWords(const QString& NodeKey) {
   while (!toDelete.empty()) {
     const Node* node = toDelete.back();
     toDelete.pop_back();
-    const QString key = node->Key();
+    const EntryKey key = node->Key();
     if (deletesRows) {
       try {
         const TreePrpty& word = words.Item(key);
@@ -202,10 +203,10 @@ void frmMain::DeleteWords(const QString& NodeKey) {
   }
 }
 
-bool frmMain::ListShowsBrothers(const QString& NodeKey) const {
+bool frmMain::ListShowsBrothers(EntryKey NodeKey) const {
   if (lvListView->Items().Count() == 0) return false;
   const ListItem& first = lvListView->Items().Item(1);
   const Node* parent = tvTreeView->Nodes().Item(NodeKey).Parent();
-  if (first.Tag() == kCategoryTag) return parent->Tag() == kAppTitle;
+  if (first.Tag() == kCategoryTag) return parent->Tag() == kRootTag;
   return TheWordTree().colListPrptys().Item(first.Key()).FatherKey() == parent->Key();
 }
