@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kSkipped = 77;  // ctest's way to hear that nothing was tested
+constexpr int kSkipped = 77;  // what ctest takes for skipped
 constexpr int kSessionTimeout = 60'000;
 
 const Engine* EngineNamed(const QString& name) {

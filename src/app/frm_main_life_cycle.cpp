@@ -4,25 +4,20 @@
 #include "frm_main.h"
 
 #include "band_container.h"
-#include "com_func.h"
-#include "component.h"
-#include "connection.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "event_guard.h"
 #include "for_tree.h"
+#include "library.h"
 #include "list_view.h"
 #include "message_box.h"
-#include "recordset.h"
 #include "settings.h"
 #include "shared_objects.h"
-#include "statements.h"
 #include "tree_view.h"
 
 #include <QCloseEvent>
 
 #include <cstdio>
-#include <memory>
 
 namespace {
 
@@ -57,13 +52,10 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::CheckGUIDGen() {
-  try {
-    CreateComponent(QString::fromLatin1(kGUIDGenProgId));
-  } catch (const std::exception&) {
-    MsgBox(nullptr, QStringLiteral("发生致命错误，结束程序。"), MsgBoxButtons::kOkOnly,
-           MsgBoxIcon::kInformation);
-    EndProgram();
-  }
+  if (IsGeneratorThere()) return;
+  MsgBox(nullptr, QStringLiteral("发生致命错误，结束程序。"), MsgBoxButtons::kOkOnly,
+         MsgBoxIcon::kInformation);
+  EndProgram();
 }
 
 void frmMain::InitForm() {
@@ -85,17 +77,8 @@ void frmMain::LoadWordLib() {
   root.SetTag(kRootTag);
   tvTreeView->SetSelectedItem(root);
 
-  TheConn().SetConnectionString(QStringLiteral("DSN=HCWordLib"));
-  TheConn().Open(QString(), QString());
-
-  auto categories = std::make_unique<Recordset>();
-  categories->Open(Statement::SelectCategories(), TheConn(), CursorType::kKeyset,
-                   LockType::kUnspecified);
-  if (categories->IsEof()) return;
-  TheEditFuncs().OpenAddNodes(*tvTreeView, *categories);
-  tvTreeView->SetSelectedItem(root);
-  tvTreeView->SetExpanded(root, false);
-  CloseRecordset(categories);
+  OpenLibrary(TheConn());
+  TheEditFuncs().LoadCategories(*tvTreeView);
   ReportSkippedWords(TheEditFuncs().SkippedWords());
 }
 
@@ -112,7 +95,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::Form_QueryUnload() {
-  TheConn().Close();
+  CloseLibrary(TheConn());
   ReleaseSharedObjects();
 }
 

@@ -45,6 +45,18 @@ EntryKey EditWordsFuncs::AddListItem(ListView& TheList, const QString& NodeText,
   return TheKey;
 }
 
+void EditWordsFuncs::LoadCategories(TreeView& TheTree) {
+  auto categories = std::make_unique<Recordset>();
+  categories->Open(Statement::SelectCategories(), connection_, CursorType::kKeyset,
+                   LockType::kUnspecified);
+  if (categories->IsEof()) return;
+  OpenAddNodes(TheTree, *categories);
+  Node& root = TheTree.Nodes().Item(kRootKey);
+  TheTree.SetSelectedItem(root);
+  TheTree.SetExpanded(root, false);
+  CloseRecordset(categories);
+}
+
 bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
   if (TheTable.IsEof()) return false;
   TheTable.MoveLast();

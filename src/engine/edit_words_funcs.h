@@ -33,6 +33,10 @@ class EditWordsFuncs {
   EntryKey AddListItem(ListView& TheList, const QString& NodeText, qint32 ListIcon,
                        EntryTag ListTag, EntryKey TheKey);
 
+  // Loads the whole library under the root node, which is selected and collapsed afterwards. An
+  // empty library leaves the tree as it is.
+  void LoadCategories(TreeView& TheTree);
+
   // Loads the categories of TheTable, a record set over Dictionary, with their words, in the order
   // of its rows. False when it has none. TheTable stays open. Afterwards all nodes are collapsed
   // and none is selected.

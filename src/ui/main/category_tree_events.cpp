@@ -4,17 +4,15 @@
 #include "frm_main.h"
 
 #include "busy_pointer.h"
-#include "com_func.h"
 #include "data_base_funcs.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "error.h"
 #include "event_guard.h"
+#include "library.h"
 #include "list_view.h"
 #include "message_box.h"
-#include "recordset.h"
 #include "shared_objects.h"
-#include "statements.h"
 #include "status_bar.h"
 #include "tree_view.h"
 #include "word_tree.h"
@@ -23,7 +21,6 @@
 #include <QMenu>
 
 #include <cstdio>
-#include <memory>
 
 EntryTag frmMain::SelectedTag() const {
   const Node* selected = tvTreeView->SelectedItem();
@@ -143,19 +140,11 @@ void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString
   }
 }
 
-// Whether the database has the name already: as a category's when the node keyed `key` is one, else
-// as that of a word of the same category.
 bool frmMain::IsTaken(const QString& name, EntryKey key) const {
   const BusyPointer busy;
-  const QString query =
-      SelectedTag() == kCategoryTag
-          ? Statement::SelectCategoryNamed(name)
-          : Statement::SelectWordNamed(name, TheWordTree().colTreePrptys().Item(key).DicID());
-  auto sameName = std::make_unique<Recordset>();
-  sameName->Open(query, TheConn(), CursorType::kStatic, LockType::kUnspecified);
-  const bool isTaken = !sameName->IsEof();
-  CloseRecordset(sameName);
-  return isTaken;
+  return SelectedTag() == kCategoryTag
+             ? IsCategoryNameTaken(TheConn(), name)
+             : IsWordNameTaken(TheConn(), name, TheWordTree().colTreePrptys().Item(key).DicID());
 }
 
 void frmMain::tvTreeView_GotFocus() {

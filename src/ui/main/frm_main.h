@@ -89,7 +89,10 @@ class frmMain : public QMainWindow {
   void NewDict();
   void NewWord(qint32 Sel);
   void DeleteNode(qint32 Sel);
+  void DeleteCategory(EntryKey NodeKey);
   void DeleteWords(EntryKey NodeKey);
+  void ClearListOfChildren(EntryKey NodeKey);
+  [[noreturn]] void EndWithoutIdentifier(const QString& reason);
   bool ListShowsBrothers(EntryKey NodeKey) const;
   void ClearList();
   EntryTag SelectedTag() const;
