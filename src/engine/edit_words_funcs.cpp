@@ -68,7 +68,7 @@ bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qin
                                       qint32 DictID) {
   auto words = std::make_unique<Recordset>();
   words->Open(Statement::SelectWords(DictID), connection_, CursorType::kKeyset,
-              LockType::kUnspecified);
+              LockType::kUnspecified, {"ID", "FatherID", "NodeName"});
   if (words->IsEof()) return false;
   words->MoveLast();
   const qint32 count = words->RecordCount();

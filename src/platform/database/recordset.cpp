@@ -19,7 +19,8 @@ namespace {
 
 // All rows of `statement`, in one go: the driver's cursor is gone before anybody looks at them. A
 // forward-only cursor is the fastest one with every driver.
-RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement) {
+RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement,
+                   const QByteArrayList& columns = {}) {
   // Enough for nearly every name; when it is not, the statement is run again.
   constexpr size_t kTextBytes = 1024;
   TakeDatabaseStep();
@@ -28,7 +29,7 @@ RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement) {
   for (size_t textBytes = kTextBytes; textBytes != 0;) {
     const OdbcHandle hstmt = connection.NewStatement();
     hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(text), SQL_NTS));
-    textBytes = rows.Read(hstmt, textBytes);
+    textBytes = rows.Read(hstmt, columns, textBytes);
   }
   return rows;
 }
@@ -137,11 +138,11 @@ void Recordset::Open(const QString& statement, Connection& connection) {
 }
 
 void Recordset::Open(const QString& statement, Connection& connection, CursorType,
-                     LockType lockType) {
+                     LockType lockType, const QByteArrayList& columns) {
   if (IsOpen()) throw DatabaseError(QStringLiteral("对象打开时，不允许操作。"));
   connection.impl_->RequireOpen();
   auto opened = std::make_unique<Impl>();
-  opened->rows = ReadRows(*connection.impl_, statement);
+  opened->rows = ReadRows(*connection.impl_, statement, columns);
   opened->lockType = impl_->lockType;
   opened->connection = connection.impl_.get();
   opened->readOnly = lockType != LockType::kOptimistic;

@@ -86,29 +86,32 @@ void RowBuffer::AppendText(size_t column, QStringView text) {
   c.ends.push_back(c.text.size());
 }
 
-void RowBuffer::TakeColumns(const OdbcHandle& statement) {
+void RowBuffer::TakeColumns(const OdbcHandle& statement, const QByteArrayList& columns) {
   columns_.clear();
   rowCount_ = 0;
   SQLSMALLINT count = 0;
   statement.Check(SQLNumResultCols(statement.Get(), &count));
   if (count == 0) throw DatabaseError(QStringLiteral("该语句不返回记录，不能用来打开记录集。"));
-  columns_.resize(static_cast<size_t>(count));
-  for (SQLSMALLINT i = 0; i < count; ++i) {
+  for (SQLUSMALLINT number = 1; number <= count; ++number) {
     char name[1024] = {};
     SQLSMALLINT type = 0;
     SQLULEN size = 0;
     SQLSMALLINT digits = 0;
-    statement.Check(SQLDescribeCol(statement.Get(), static_cast<SQLUSMALLINT>(i + 1),
-                                   reinterpret_cast<SQLCHAR*>(name), sizeof name, nullptr, &type,
-                                   &size, &digits, nullptr));
-    columns_[i].name = name;
-    columns_[i].isText = !IsInteger(type, digits);
-    columns_[i].bytes = columns_[i].isText ? size * kMostBytes : 0;
+    statement.Check(SQLDescribeCol(statement.Get(), number, reinterpret_cast<SQLCHAR*>(name),
+                                   sizeof name, nullptr, &type, &size, &digits, nullptr));
+    const auto isIt = [&](const QByteArray& wanted) { return SameName(name, wanted.constData()); };
+    if (!columns.isEmpty() && std::none_of(columns.begin(), columns.end(), isIt)) continue;
+    Column& column = columns_.emplace_back();
+    column.name = name;
+    column.number = number;
+    column.isText = !IsInteger(type, digits);
+    column.bytes = column.isText ? size * kMostBytes : 0;
   }
 }
 
-size_t RowBuffer::Read(const OdbcHandle& statement, size_t textBytes) {
-  TakeColumns(statement);
+size_t RowBuffer::Read(const OdbcHandle& statement, const QByteArrayList& columns,
+                       size_t textBytes) {
+  TakeColumns(statement, columns);
   for (const Column& c : columns_) {
     if (c.bytes <= kMostColumnBytes) textBytes = std::max(textBytes, c.bytes + kMostBytes + 1);
   }
@@ -121,7 +124,7 @@ size_t RowBuffer::Read(const OdbcHandle& statement, size_t textBytes) {
   statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROW_STATUS_PTR, rowStatus, 0));
   std::vector<BlockColumn> block(columns_.size());
   for (size_t i = 0; i < columns_.size(); ++i) {
-    const auto number = static_cast<SQLUSMALLINT>(i + 1);
+    const SQLUSMALLINT number = columns_[i].number;
     if (columns_[i].isText) {
       block[i].bytes.reset(new char[blockRows * textBytes]);
       statement.Check(SQLBindCol(hstmt, number, SQL_C_CHAR, block[i].bytes.get(),
