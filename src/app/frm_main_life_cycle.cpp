@@ -10,14 +10,13 @@
 #include "for_tree.h"
 #include "library.h"
 #include "list_view.h"
+#include "log.h"
 #include "message_box.h"
 #include "settings.h"
 #include "shared_objects.h"
 #include "tree_view.h"
 
 #include <QCloseEvent>
-
-#include <cstdio>
 
 namespace {
 
@@ -36,10 +35,9 @@ void SaveGeometrySetting(const char* key, float value) {
 // For whoever looks after the database: which words could not be shown.
 void ReportSkippedWords(const QList<EditWordsFuncs::SkippedWord>& words) {
   if (words.isEmpty()) return;
-  std::fprintf(stderr, "hcwordlib: %lld 个词的上级不存在，未载入：\n",
-               static_cast<long long>(words.size()));
+  qCWarning(lcHCWordLib, "%lld 个词的上级不存在，未载入：", static_cast<long long>(words.size()));
   for (const EditWordsFuncs::SkippedWord& word : words) {
-    std::fprintf(stderr, "  SortID=%d ID=%d FatherID=%d\n", word.DictID, word.ID, word.FatherID);
+    qCWarning(lcHCWordLib, "  SortID=%d ID=%d FatherID=%d", word.DictID, word.ID, word.FatherID);
   }
 }
 

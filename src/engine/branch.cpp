@@ -32,7 +32,7 @@ std::exception_ptr DeleteBranch(const std::vector<EntryKey>& branch, TreePrptys&
   try {
     for (const EntryKey key : branch) {
       const TreePrpty& word = words.Item(key);
-      funcs.DeleteItem(2, word.DicID(), word.ID());
+      funcs.DeleteItem(kSelWord, word.DicID(), word.ID());
       hasBegun = true;
     }
   } catch (...) {

@@ -85,8 +85,8 @@ QVariant ListItems::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return item.text_;
     case Qt::DecorationRole:
-      return smallIcons_ == nullptr ? QVariant()
-                                    : QVariant::fromValue(smallIcons_->Picture(item.smallIcon_));
+      return smallIcons_.Count() == 0 ? QVariant()
+                                      : QVariant::fromValue(smallIcons_.Picture(item.smallIcon_));
     default:
       return QVariant();
   }

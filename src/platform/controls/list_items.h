@@ -40,8 +40,7 @@ class ListItems : public QAbstractListModel {
  public:
   ~ListItems() override;
 
-  // `images` must outlive the items.
-  void SetSmallIcons(const ImageList* images) { smallIcons_ = images; }
+  void SetSmallIcons(const ImageList& images) { smallIcons_ = images; }
 
   // Appends an item. An Error when the key is in use; then nothing is added.
   ListItem& Add(EntryKey key, const QString& text, int icon, int smallIcon);
@@ -65,5 +64,5 @@ class ListItems : public QAbstractListModel {
   std::deque<ListItem> items_;
   KeyIndex<ListItem> index_;
   int announced_ = 0;
-  const ImageList* smallIcons_ = nullptr;
+  ImageList smallIcons_;
 };

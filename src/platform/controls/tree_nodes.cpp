@@ -123,7 +123,7 @@ QVariant TreeNodes::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return node.Text();
     case Qt::DecorationRole:
-      return images_ == nullptr ? QVariant() : QVariant::fromValue(images_->Picture(node.image_));
+      return images_.Count() == 0 ? QVariant() : QVariant::fromValue(images_.Picture(node.image_));
     default:
       return QVariant();
   }

@@ -64,8 +64,7 @@ class TreeNodes : public QAbstractItemModel {
   TreeNodes();
   ~TreeNodes() override;
 
-  // `images` must outlive the nodes.
-  void SetImageList(const ImageList* images) { images_ = images; }
+  void SetImageList(const ImageList& images) { images_ = images; }
 
   // Adds a node as the last child of the node keyed `relative`, or as the last top-level node when
   // that is none. An Error when there is no such node or the key is in use; then nothing is added.
@@ -113,5 +112,5 @@ class TreeNodes : public QAbstractItemModel {
   Node top_;
   KeyIndex<Node> index_;
   bool loading_ = false;
-  const ImageList* images_ = nullptr;
+  ImageList images_;
 };

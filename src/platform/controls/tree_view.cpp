@@ -79,7 +79,7 @@ void TreeView::SetIndentation(float twips) {
   setIndentation(qMax(kLeastIndentation, TwipsToPixels(twips)));
 }
 
-void TreeView::SetImageList(const ImageList* images) {
+void TreeView::SetImageList(const ImageList& images) {
   nodes_.SetImageList(images);
 }
 
@@ -200,8 +200,8 @@ void TreeView::mousePressEvent(QMouseEvent* event) {
   const bool hadFocus = !focusCameWithPress_;
   labelEditing_->Disarm();
   const QPoint position = event->position().toPoint();
-  Q_EMIT MouseDown(MouseButton(event->button()), ShiftState(event->modifiers()),
-                   PixelsToTwips(position.x()), PixelsToTwips(position.y()));
+  Q_EMIT MouseDown(MouseButton(event->button()), PixelsToTwips(position.x()),
+                   PixelsToTwips(position.y()));
   Node* node = NodeUnder(position);
   pressedAt_ = position;
   if (event->button() == Qt::RightButton) {
@@ -235,8 +235,8 @@ void TreeView::mouseMoveEvent(QMouseEvent* event) {
 void TreeView::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint position = event->position().toPoint();
   if (event->button() == Qt::LeftButton) labelEditing_->Clicked();
-  Q_EMIT MouseUp(MouseButton(event->button()), ShiftState(event->modifiers()),
-                 PixelsToTwips(position.x()), PixelsToTwips(position.y()));
+  Q_EMIT MouseUp(MouseButton(event->button()), PixelsToTwips(position.x()),
+                 PixelsToTwips(position.y()));
   if (event->button() != Qt::RightButton) return;
   Node* clicked = std::exchange(dropHighlight_, nullptr);
   delegate_->SetDropHighlight(QModelIndex());
@@ -252,8 +252,8 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
     mousePressEvent(event);  // quick clicks on boxes, on other nodes or with other buttons
     return;
   }
-  Q_EMIT MouseDown(MouseButton(event->button()), ShiftState(event->modifiers()),
-                   PixelsToTwips(position.x()), PixelsToTwips(position.y()));
+  Q_EMIT MouseDown(MouseButton(event->button()), PixelsToTwips(position.x()),
+                   PixelsToTwips(position.y()));
   SetExpanded(*node, !Expanded(*node));
 }
 

@@ -39,8 +39,7 @@ class TreeView : public QTreeView {
   void SetLabelEdit(LabelEdit labelEdit) { labelEdit_ = labelEdit; }
   // In twips; no less than what the lines and boxes need.
   void SetIndentation(float twips);
-  // `images` must outlive the tree.
-  void SetImageList(const ImageList* images);
+  void SetImageList(const ImageList& images);
 
   // Null when there is none.
   Node* SelectedItem() const;
@@ -77,9 +76,9 @@ class TreeView : public QTreeView {
  Q_SIGNALS:
   // The user selected `node` by mouse or keyboard, or clicked it with the right button.
   void NodeClick(Node* node);
-  // Positions in twips; buttons and shift states as in mouse.h.
-  void MouseDown(int button, int shift, float x, float y);
-  void MouseUp(int button, int shift, float x, float y);
+  // Positions in twips; buttons as in mouse.h.
+  void MouseDown(int button, float x, float y);
+  void MouseUp(int button, float x, float y);
   // The editor is about to open on the selected node; a non-zero `cancel` refuses it.
   void BeforeLabelEdit(qint16& cancel);
   // The user has ended the editing of the selected node's label, the editor is closed; a non-zero

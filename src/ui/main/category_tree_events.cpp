@@ -11,7 +11,9 @@
 #include "event_guard.h"
 #include "library.h"
 #include "list_view.h"
+#include "log.h"
 #include "message_box.h"
+#include "mouse.h"
 #include "shared_objects.h"
 #include "status_bar.h"
 #include "tree_view.h"
@@ -19,8 +21,6 @@
 
 #include <QAction>
 #include <QMenu>
-
-#include <cstdio>
 
 EntryTag frmMain::SelectedTag() const {
   const Node* selected = tvTreeView->SelectedItem();
@@ -58,12 +58,12 @@ void frmMain::FillList() {
 }
 
 void frmMain::tvTreeView_MouseDown(int Button) {
-  if (Button == 1) RightButtonDown = false;
-  if (Button == 2) RightButtonDown = true;
+  if (Button == kLeftButton) RightButtonDown = false;
+  if (Button == kRightButton) RightButtonDown = true;
 }
 
 void frmMain::tvTreeView_MouseUp(int Button) {
-  if (Button != 2) return;
+  if (Button != kRightButton) return;
   IgnoringErrors([this] {
     Node* clicked = tvTreeView->DropHighlight();
     if (clicked == nullptr) throw Error(QStringLiteral("未设置对象变量"));
@@ -97,8 +97,7 @@ void frmMain::tvTreeView_BeforeLabelEdit(qint16& Cancel) {
 // Nobody is there to read a message once the program has been told to end.
 void frmMain::Refuse(const QString& name, const QString& why) {
   if (isTerminating_) {
-    std::fprintf(stderr, "hcwordlib: 名称“%s”没有保存：%s\n", qUtf8Printable(name),
-                 qUtf8Printable(why));
+    qCWarning(lcHCWordLib, "名称“%s”没有保存：%s", qUtf8Printable(name), qUtf8Printable(why));
   } else {
     MsgBox(this, why, MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
   }
@@ -131,11 +130,12 @@ void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString
   }
   const BusyPointer busy;
   if (category) {
-    TheDBFuncs().UpdateItem(NewString, 1, TheWordTree().colDictPrptys().Item(key).DicID(), 0);
+    TheDBFuncs().UpdateItem(NewString, kSelCategory,
+                            TheWordTree().colDictPrptys().Item(key).DicID(), 0);
     TheWordTree().colDictPrptys().Rename(key, NewString);
   } else {
     const TreePrpty& word = TheWordTree().colTreePrptys().Item(key);
-    TheDBFuncs().UpdateItem(NewString, 2, word.DicID(), word.ID());
+    TheDBFuncs().UpdateItem(NewString, kSelWord, word.DicID(), word.ID());
     TheWordTree().colTreePrptys().Rename(key, NewString);
   }
 }

@@ -11,12 +11,12 @@
 #include "event_guard.h"
 #include "library.h"
 #include "list_view.h"
+#include "log.h"
 #include "message_box.h"
 #include "shared_objects.h"
 #include "tree_view.h"
 #include "word_tree.h"
 
-#include <cstdio>
 #include <exception>
 #include <optional>
 
@@ -30,9 +30,9 @@ void frmMain::mnuEditNewWord_Click() {
   if (!tvTreeView->EndLabelEdit()) return;
   const EntryTag tag = SelectedTag();
   if (tag == kCategoryTag) {
-    NewWord(1);
+    NewWord(kSelCategory);
   } else if (tag == kWordTag) {
-    NewWord(2);
+    NewWord(kSelWord);
   }
 }
 
@@ -40,9 +40,9 @@ void frmMain::mnuEditDelete_Click() {
   if (!tvTreeView->EndLabelEdit()) return;
   const EntryTag tag = SelectedTag();
   if (tag == kCategoryTag) {
-    DeleteNode(1);
+    DeleteNode(kSelCategory);
   } else if (tag == kWordTag) {
-    DeleteNode(2);
+    DeleteNode(kSelWord);
   }
 }
 
@@ -70,7 +70,7 @@ void frmMain::NewDict() {
 
 void frmMain::EndWithoutIdentifier(const QString& reason) {
   if (SaysNoGenerator(reason)) MsgBox(this, QStringLiteral("发生致命错误，关闭程序。"));
-  std::fprintf(stderr, "hcwordlib: %s\n", qUtf8Printable(reason));
+  qCCritical(lcHCWordLib, "%s", qUtf8Printable(reason));
   EndProgram();
 }
 
@@ -79,7 +79,7 @@ void frmMain::NewWord(qint32 Sel) {
   const EntryKey parentKey = tvTreeView->SelectedItem()->Key();
   qint32 dicId = 0;
   qint32 fatherId = 0;
-  if (Sel == 1) {
+  if (Sel == kSelCategory) {
     dicId = TheWordTree().colDictPrptys().Item(parentKey).DicID();
   } else {
     const TreePrpty& word = TheWordTree().colTreePrptys().Item(parentKey);
@@ -103,7 +103,7 @@ void frmMain::DeleteNode(qint32 Sel) {
   if (SelectedTag() == kRootTag) return;
   const BusyPointer busy;
   const EntryKey key = tvTreeView->SelectedItem()->Key();
-  if (Sel == 1) {
+  if (Sel == kSelCategory) {
     DeleteCategory(key);
   } else {
     DeleteWords(key);
@@ -119,7 +119,7 @@ void frmMain::DeleteCategory(EntryKey NodeKey) {
     ClearListOfChildren(NodeKey);
   };
   try {
-    TheDBFuncs().DeleteItem(1, dicId, 0);
+    TheDBFuncs().DeleteItem(kSelCategory, dicId, 0);
   } catch (...) {
     // The category's row may be gone although its words are not.
     if (!IsCategoryStored(TheConn(), dicId)) {
