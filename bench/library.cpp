@@ -5,6 +5,7 @@
 
 #include "recordset.h"
 #include "statements.h"
+#include "transaction.h"
 
 Library::Library() {
   connection_.SetConnectionString(QStringLiteral("DSN=HCWordLib"));
@@ -18,7 +19,7 @@ qint32 Library::AddCategory(const QString& name, qint32 words,
                             const std::function<Word(qint32 id)>& wordOf) {
   constexpr qint32 kWordsPerStatement = 500;
   ++categories_;
-  connection_.BeginTransaction();
+  Transaction transaction(connection_, Transaction::Use::kWrite);
   connection_.Execute(QStringLiteral("insert into Dictionary (GID,SortName,Position) "
                                      "values (%1,'%2',%1)")
                           .arg(categories_)
@@ -37,7 +38,7 @@ qint32 Library::AddCategory(const QString& name, qint32 words,
                         values);
     values.clear();
   }
-  connection_.CommitTransaction();
+  transaction.Commit();
   return categories_;
 }
 

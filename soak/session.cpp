@@ -6,7 +6,7 @@
 #include "connection.h"
 #include "engines.h"
 #include "entry_scheme.h"
-#include "fault_injection.h"
+#include "failing_step.h"
 #include "frm_main.h"
 #include "list_view.h"
 #include "picture_box.h"
@@ -87,7 +87,6 @@ Session::Session(const Engine& engine, quint32 seed)
 }
 
 Session::~Session() {
-  FailDatabaseStep(0);
   window_.reset();
   ReleaseSharedObjects();
 }
@@ -181,7 +180,6 @@ void Session::Act(int index) {
   Settle();
   // A click waits for a second one before it opens the editor.
   if (OneIn(4)) QTest::qWait(QApplication::doubleClickInterval() + 3);
-  FailDatabaseStep(0);
   std::puts("");
   std::fflush(stdout);
   Audit(before);
@@ -630,10 +628,10 @@ void Session::FailingStatement() {
   const auto buttons = window_->findChildren<ToolBarButton*>();
   ToolBarButton* button = OneOf(buttons);
   Tell(button->Key());
-  FailDatabaseStep(step);
+  FailStep(TheConn(), step);
   button->click();
   Settle();
-  FailDatabaseStep(0);
+  TheConn().SetStepHook({});
 }
 
 void Session::Window() {

@@ -10,6 +10,7 @@
 #include "progress_bar.h"
 #include "recordset.h"
 #include "statements.h"
+#include "transaction.h"
 
 #include <QFile>
 #include <QHash>
@@ -23,37 +24,9 @@ namespace {
 
 constexpr std::array kTables{"Dictionary", "Items", "GUIDLists"};
 
-// Rolled back unless committed.
-class Transaction {
- public:
-  explicit Transaction(Connection& connection) : connection_(connection) {
-    connection_.BeginTransaction();
-  }
-  ~Transaction() {
-    if (!isCommitted_) {
-      try {
-        connection_.RollbackTransaction();
-      } catch (const DatabaseError&) {
-        // The connection is gone, and the transaction with it; what led here is being reported.
-      }
-    }
-  }
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-
-  void Commit() {
-    connection_.CommitTransaction();
-    isCommitted_ = true;
-  }
-
- private:
-  Connection& connection_;
-  bool isCommitted_ = false;
-};
-
 std::unique_ptr<Recordset> OpenToRead(const QString& statement, Connection& connection) {
   auto rows = std::make_unique<Recordset>();
-  rows->Open(statement, connection, CursorType::kKeyset, LockType::kUnspecified);
+  rows->Open(statement, connection);
   return rows;
 }
 
@@ -220,7 +193,7 @@ void CreateTables(Connection& connection) {
     }
   }
 
-  Transaction transaction(connection);
+  Transaction transaction(connection, Transaction::Use::kWrite);
   QString statement;
   while (!schema.atEnd()) {
     const QString line = QString::fromUtf8(schema.readLine()).trimmed();
@@ -238,7 +211,7 @@ void CreateTables(Connection& connection) {
 }
 
 void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& categories) {
-  Transaction transaction(connection);
+  Transaction transaction(connection, Transaction::Use::kWrite);
   QHash<QString, int> lineOf;
   qsizetype total = 0;
   for (const OutlineCategory& category : categories) {
@@ -264,7 +237,7 @@ void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& c
 
 QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress) {
   // One transaction: engines that isolate it so show one state of the library throughout.
-  Transaction transaction(connection);
+  Transaction transaction(connection, Transaction::Use::kRead);
   QStringList remarks;
   auto categories = OpenToRead(Statement::SelectCategories(), connection);
   std::unique_ptr<ProgressBar> progress;

@@ -6,6 +6,7 @@
 #include "database_error.h"
 #include "engines.h"
 #include "rows.h"
+#include "transaction.h"
 
 #include <QElapsedTimer>
 #include <QTcpServer>
@@ -168,6 +169,32 @@ TEST_P(RecordsetTest, ErrorsSayWhatTheDriverSays) {
   EXPECT_FALSE(connection_.IsOpen());
 }
 
+TEST_P(RecordsetTest, WhatIsNotCommittedIsTakenBack) {
+  const auto store = [this](int gid) {
+    connection_.Execute(
+        QStringLiteral("insert into Dictionary (GID,SortName,Position) values (%1,'',0)").arg(gid));
+  };
+  {
+    Transaction kept(connection_, Transaction::Use::kWrite);
+    EXPECT_THROW(Transaction(connection_, Transaction::Use::kRead), DatabaseError);
+    store(1);
+    kept.Commit();
+    store(2);
+    Transaction refused(connection_, Transaction::Use::kWrite);
+    store(3);
+    refused.Rollback();
+    store(4);
+    const Transaction left(connection_, Transaction::Use::kRead);
+    store(5);
+  }
+  Transaction lost(connection_, Transaction::Use::kWrite);
+  store(6);
+  connection_.Close();
+  EXPECT_THROW(lost.Commit(), DatabaseError);
+  connection_.Open();
+  EXPECT_EQ(Categories(connection_), "1||0\n2||0\n4||0\n");
+}
+
 // Takes its time: 10 seconds for another user's lock, 15 for a server that takes a call and is
 // silent.
 TEST_P(RecordsetTest, WaitsForOthersAndForServersNoLongerThanItSays) {
@@ -193,7 +220,7 @@ TEST_P(RecordsetTest, WaitsForOthersAndForServersNoLongerThanItSays) {
   Connection other;
   other.SetConnectionString(ConnectionStringOf(GetParam()));
   other.Open();
-  other.BeginTransaction();
+  const Transaction transaction(other, Transaction::Use::kWrite);
   const QString insert =
       QStringLiteral("insert into Dictionary (GID,SortName,Position) values (1,'x',1)");
   other.Execute(insert);
