@@ -136,7 +136,7 @@ std::optional<Session::Editing> Session::OpenEditing() {
   QString text = editor->text();
   const bool isComposed = editor == composing_;
   // What became of it afterwards, only the editor knows.
-  const bool isCertain = !isComposed || text == composedInto_;
+  const bool isCertain = !isComposed || (text == composedInto_ && !editor->hasSelectedText());
   if (isComposed && isCertain) text.insert(editor->cursorPosition(), kPreedit);
   edited_.insert(IdOf(*selected));
   return Editing{IdOf(*selected), text, isCertain && text != selected->Text()};
@@ -434,6 +434,7 @@ void Session::TypeText() {
   QInputMethodEvent event;
   event.setCommitString(text);
   QApplication::sendEvent(focus, &event);
+  composing_ = nullptr;
   editing_ = OpenEditing();
 }
 

@@ -75,7 +75,7 @@ void frmMain::InitForm() {
   const float top = GeometrySetting("MainTop", 1000);
   const float width = GeometrySetting("MainWidth", 6500);
   const float height = GeometrySetting("MainHeight", 6500);
-  placement_.Set({left, top, width, height});
+  placement_.Set({left, top, EnoughFor(width), EnoughFor(height)});
   layout_.picTreeContain.width = 5000;
 }
 

@@ -27,14 +27,13 @@ int Main(int argc, char** argv) {
     return 0;
   }
 
+  // Chinese looks the same whatever the user's locale prefers for it, and whichever font a style or
+  // a desktop sets at any time.
+  qputenv("FC_LANG", "zh-cn");
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("hcwordlib"));
   QApplication::setDesktopFileName(QStringLiteral("hcwordlib"));
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/hcwordlib.svg")));
-  // Chinese looks the same whatever the user's locale prefers for it.
-  QFont font = QApplication::font();
-  font.setFamilies({font.family(), QStringLiteral("Noto Sans CJK SC")});
-  QApplication::setFont(font);
   // Qt's own texts: the context menu of an editor, the buttons of its dialogs.
   QTranslator translator;
   if (translator.load(QLocale(QLocale::Chinese, QLocale::China), QStringLiteral("qtbase"),

@@ -59,8 +59,13 @@ void ListView::SetSmallIcons(const ImageList* images) {
 }
 
 const ListItem* ListView::HitTest(float x, float y) const {
-  const QModelIndex index = indexAt(QPoint(TwipsToPixels(x), TwipsToPixels(y)));
-  return index.isValid() ? &items_.Item(index.row() + 1) : nullptr;
+  const QPoint point(TwipsToPixels(x), TwipsToPixels(y));
+  const QModelIndex index = indexAt(point);
+  if (!index.isValid()) return nullptr;
+  const ListItem& item = items_.Item(index.row() + 1);
+  const auto* const delegate = static_cast<const TreeItemDelegate*>(itemDelegate());
+  const QRect shown = delegate->ItemRect(visualRect(index), fontMetrics(), item.Text());
+  return shown.contains(point) ? &item : nullptr;
 }
 
 void ListView::UsePointer(bool custom) {

@@ -32,7 +32,7 @@ class ListView : public QListView {
   // `images` must outlive the list.
   void SetSmallIcons(const ImageList* images);
 
-  // The item at a point in twips, null when there is none.
+  // The item whose picture or label is at a point in twips, null when there is none.
   const ListItem* HitTest(float x, float y) const;
 
   // The pointer over the list: its own one, or the platform's default.

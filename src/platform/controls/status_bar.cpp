@@ -12,17 +12,23 @@
 #include <QPainter>
 #include <QRegularExpression>
 
+#include <sys/timerfd.h>
+#include <unistd.h>
+
 namespace {
 
 constexpr float kLeastPanelWidth = 1440;  // twips
 
-// An inset panel. Its text never makes the window wider; it is cut with an ellipsis.
+// An inset panel. Where there is less room than the panels ask for, its text ends in an ellipsis.
 class Panel : public QLabel {
  public:
   explicit Panel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setContentsMargins(5, 1, 5, 1);
-    setMinimumWidth(TwipsToPixels(kLeastPanelWidth));
+  }
+
+  QSize sizeHint() const override {
+    return QLabel::sizeHint().expandedTo(QSize(TwipsToPixels(kLeastPanelWidth), 0));
   }
 
  protected:
@@ -52,7 +58,10 @@ QString MinuteFormat(const QLocale& locale) {
 
 }  // namespace
 
-StatusBar::StatusBar(QWidget* parent) : QWidget(parent) {
+StatusBar::StatusBar(QWidget* parent)
+    : QWidget(parent),
+      clock_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC)),
+      minute_(clock_, QSocketNotifier::Read) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(2);
@@ -64,11 +73,11 @@ StatusBar::StatusBar(QWidget* parent) : QWidget(parent) {
     row->addWidget(panels_[i], i == 0 ? 1 : 0);
   }
   panels_[0]->setText(QStringLiteral("状态"));
-  panels_[0]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  clock_.setSingleShot(true);
-  clock_.setTimerType(
-      Qt::PreciseTimer);  // a coarse one may wake just before the minute, then again
-  connect(&clock_, &QTimer::timeout, this, &StatusBar::ShowNow);
+  connect(&minute_, &QSocketNotifier::activated, this, &StatusBar::ShowNow);
+}
+
+StatusBar::~StatusBar() {
+  ::close(clock_);
 }
 
 void StatusBar::ShowNow() {
@@ -76,8 +85,12 @@ void StatusBar::ShowNow() {
   const QLocale locale = QLocale::system();
   panels_[1]->setText(locale.toString(now.date(), QLocale::ShortFormat));
   panels_[2]->setText(locale.toString(now.time(), MinuteFormat(locale)));
-  const QTime time = now.time();
-  clock_.start(60'000 - time.second() * 1000 - time.msec() + 50);
+  WakeAt(now.toSecsSinceEpoch() / 60 * 60 + 60);
+}
+
+void StatusBar::WakeAt(qint64 second) {
+  const itimerspec time{{}, {.tv_sec = second, .tv_nsec = 0}};
+  timerfd_settime(clock_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &time, nullptr);
 }
 
 void StatusBar::showEvent(QShowEvent* event) {
@@ -87,7 +100,7 @@ void StatusBar::showEvent(QShowEvent* event) {
 
 void StatusBar::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
-  clock_.stop();
+  WakeAt(0);
 }
 
 void StatusBar::changeEvent(QEvent* event) {

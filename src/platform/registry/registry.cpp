@@ -5,6 +5,7 @@
 
 #include "registry_file.h"
 
+#include <QDir>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -31,14 +32,16 @@ QString FindSystemInformationProgram() {
   return {};
 }
 
-// Earlier folders go before later ones, value by value.
+// Earlier folders go before later ones, value by value. What a file says that cannot be read is not
+// known, so nothing that comes after it counts.
 RegistryKeys ReadTree() {
   QStringList folders =
       qEnvironmentVariable("XDG_CONFIG_DIRS").split(QLatin1Char(':'), Qt::SkipEmptyParts);
+  folders.removeIf([](const QString& folder) { return QDir::isRelativePath(folder); });
   if (folders.isEmpty()) folders = {QStringLiteral("/etc/xdg")};
   RegistryKeys keys;
   for (const QString& folder : folders) {
-    ReadRegistryFile(folder + QLatin1String("/hcwordlib/registry.conf"), keys);
+    if (!ReadRegistryFile(folder + QLatin1String("/hcwordlib/registry.conf"), keys)) return keys;
   }
 
   const QString program = QStringLiteral("software\\microsoft\\shared tools\\msinfo");

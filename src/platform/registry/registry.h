@@ -31,8 +31,9 @@ using RegistryValues = QMap<QString, RegistryValue>;  // by the name in lower ca
 
 // An open key of the machine-wide tree, which administrators keep in the files
 // hcwordlib/registry.conf of the system's configuration folders (docs/registry.md) and which this
-// program only reads. A machine whose files do not tell where its system-information program is
-// has the first known one that is installed under SOFTWARE\Microsoft\Shared Tools\MSINFO, PATH.
+// program only reads. Where one of them cannot be read, there is only what those before it hold. A
+// machine whose files do not tell where its system-information program is has the first known one
+// that is installed under SOFTWARE\Microsoft\Shared Tools\MSINFO, PATH.
 class RegistryKey {
  public:
   // None when there is no such key. Keys and names are the same in upper and lower case.

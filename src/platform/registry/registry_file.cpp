@@ -4,13 +4,24 @@
 #include "registry_file.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStringDecoder>
 #include <QtEndian>
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
+
+#include <sys/stat.h>
 
 namespace {
+
+// Also a link to nowhere, and what stands in a folder that may not be searched.
+bool MayBeThere(const QString& path) {
+  struct stat status;
+  return lstat(QFile::encodeName(path).constData(), &status) == 0 ||
+         (errno != ENOENT && errno != ENOTDIR);
+}
 
 bool IsHex(const QString& text) {
   return std::all_of(text.begin(), text.end(),
@@ -44,17 +55,24 @@ RegistryValue TextValue(const QString& text) {
   return {kRegSz, text.toLocal8Bit() + '\0'};
 }
 
-void ReadRegistryFile(const QString& path, RegistryKeys& keys) {
+bool ReadRegistryFile(const QString& path, RegistryKeys& keys) {
+  if (!MayBeThere(path)) return true;
   QFile file(path);
-  if (!file.exists()) return;
-  if (!file.open(QIODevice::ReadOnly)) {
-    qWarning("%s：无法读取：%s", qUtf8Printable(path), qUtf8Printable(file.errorString()));
-    return;
+  // A pipe would have to be waited for.
+  const bool regular = QFileInfo(path).isFile();
+  const QByteArray content =
+      regular && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  if (!regular || file.error() != QFile::NoError) {
+    qWarning("%s：无法读取：%s", qUtf8Printable(path),
+             regular ? qUtf8Printable(file.errorString()) : "不是普通文件");
+    return false;
   }
   RegistryValues* key = nullptr;
-  for (int number = 1; !file.atEnd(); ++number) {
+  int number = 0;
+  for (const QByteArray& bytes : content.split('\n')) {
+    ++number;
     QStringDecoder decode(QStringDecoder::Utf8);  // drops a byte order mark
-    const QString line = QString(decode(file.readLine())).trimmed();
+    const QString line = QString(decode(bytes)).trimmed();
     const auto skip = [&](const char* reason) {
       qWarning("%s:%d：%s，已忽略此行", qUtf8Printable(path), number, reason);
     };
@@ -79,4 +97,5 @@ void ReadRegistryFile(const QString& path, RegistryKeys& keys) {
       }
     }
   }
+  return true;
 }

@@ -24,7 +24,8 @@ QString Path(const QString& section, const QString& key) {
 
 QString GetSetting(const QString& appName, const QString& section, const QString& key,
                    const QString& defaultValue) {
-  const QSettings settings(QSettings::NativeFormat, QSettings::UserScope, appName);
+  QSettings settings(QSettings::NativeFormat, QSettings::UserScope, appName);
+  settings.setFallbacksEnabled(false);  // no file of the machine's
   return settings.value(Path(section, key), defaultValue).toString();
 }
 

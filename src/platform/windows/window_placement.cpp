@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 namespace {
 
@@ -24,17 +25,45 @@ float Settled(float wanted, int actual, qreal scale) {
   return PixelsToTwips(actual);
 }
 
-bool IsOnAScreen(const QRect& place) {
-  const auto screens = QGuiApplication::screens();
-  return std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
-    return screen->availableGeometry().intersects(place);
-  });
+// How long a size that was asked for may take, in milliseconds; doubled every time.
+constexpr int kFirstPatience = 250;
+constexpr int kLastPatience = 10'000;
+
+// As much of a caption as the pointer needs, in twips.
+constexpr double kCaptionWidth = 1500;
+constexpr double kCaptionHeight = 450;
+
+// In double precision, which holds every sum of single-precision numbers.
+TwipsRect Reachable(TwipsRect place) {
+  const QSize all = QGuiApplication::primaryScreen()->availableVirtualSize();
+  place.width = std::min(place.width, PixelsToTwips(all.width()));
+  place.height = std::min(place.height, PixelsToTwips(all.height()));
+  TwipsRect nearest = place;
+  double least = std::numeric_limits<double>::infinity();
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QRect area = screen->availableGeometry();
+    const double left =
+        std::clamp<double>(place.left, PixelsToTwips(area.left()) - place.width + kCaptionWidth,
+                           PixelsToTwips(area.right() + 1) - kCaptionWidth);
+    const double top = std::clamp<double>(place.top, PixelsToTwips(area.top()),
+                                          PixelsToTwips(area.bottom() + 1) - kCaptionHeight);
+    const double distance = std::abs(left - place.left) + std::abs(top - place.top);
+    if (distance >= least) continue;
+    least = distance;
+    nearest.left = float(left);
+    nearest.top = float(top);
+  }
+  return nearest;
 }
 
 }  // namespace
 
 WindowPlacement::WindowPlacement(QWidget& window) : QObject(&window), window_(window) {
   window_.installEventFilter(this);
+  askAgain_.setSingleShot(true);
+  connect(&askAgain_, &QTimer::timeout, this, [this] {
+    if (window_.isVisible() && window_.size() == refused_) Ask();
+  });
 }
 
 QMargins WindowPlacement::Frame() const {
@@ -45,12 +74,14 @@ QMargins WindowPlacement::Frame() const {
 TwipsRect WindowPlacement::Get() const {
   const bool correctionPending = !framed_ && !Frame().isNull();
   if (!window_.isVisible() || correctionPending) return wanted_;
-  const QRect actual = window_.windowHandle()->frameGeometry();
+  // The handle tells a size that was asked for as if the window had it.
+  const QSize actualSize = window_.size().grownBy(Frame());
   const qreal scale = window_.devicePixelRatio();
-  TwipsRect result{wanted_.left, wanted_.top, Settled(wanted_.width, actual.width(), scale),
-                   Settled(wanted_.height, actual.height(), scale)};
+  TwipsRect result{wanted_.left, wanted_.top, Settled(wanted_.width, actualSize.width(), scale),
+                   Settled(wanted_.height, actualSize.height(), scale)};
   // Wayland does not tell a window where it stands.
   if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+    const QPoint actual = window_.windowHandle()->framePosition();
     result.left = Settled(wanted_.left, actual.x(), scale);
     result.top = Settled(wanted_.top, actual.y(), scale);
   }
@@ -58,33 +89,29 @@ TwipsRect WindowPlacement::Get() const {
 }
 
 void WindowPlacement::Set(const TwipsRect& geometry) {
-  wanted_ = geometry;
-  const QRect place(TwipsToPixels(wanted_.left), TwipsToPixels(wanted_.top),
-                    TwipsToPixels(wanted_.width), TwipsToPixels(wanted_.height));
-  if (!IsOnAScreen(place)) {
-    const QPoint corner = QGuiApplication::primaryScreen()->availableGeometry().topLeft();
-    wanted_.left = PixelsToTwips(corner.x());
-    wanted_.top = PixelsToTwips(corner.y());
-  }
+  wanted_ = Reachable(geometry);
   window_.move(TwipsToPixels(wanted_.left), TwipsToPixels(wanted_.top));
-  ApplySize();
+  window_.resize(WantedSize());
 }
 
-void WindowPlacement::SetWidth(float width) {
+void WindowPlacement::AskForSize(float width, float height) {
   wanted_ = Get();
   wanted_.width = width;
-  ApplySize();
-}
-
-void WindowPlacement::SetHeight(float height) {
-  wanted_ = Get();
   wanted_.height = height;
-  ApplySize();
+  refused_ = window_.size();
+  patience_ = kFirstPatience;
+  Ask();
 }
 
-void WindowPlacement::ApplySize() {
-  const QSize outer(TwipsToPixels(wanted_.width), TwipsToPixels(wanted_.height));
-  window_.resize(outer.shrunkBy(Frame()));
+void WindowPlacement::Ask() {
+  window_.windowHandle()->resize(WantedSize());
+  if (patience_ > kLastPatience) return;
+  askAgain_.start(patience_);
+  patience_ *= 2;
+}
+
+QSize WindowPlacement::WantedSize() const {
+  return QSize(TwipsToPixels(wanted_.width), TwipsToPixels(wanted_.height)).shrunkBy(Frame());
 }
 
 // Any event of the window may be the first after it was framed.
@@ -92,7 +119,7 @@ bool WindowPlacement::eventFilter(QObject* watched, QEvent* event) {
   if (!framed_ && watched == &window_ && window_.isVisible() && !Frame().isNull()) {
     framed_ = true;
     window_.removeEventFilter(this);
-    ApplySize();
+    window_.resize(WantedSize());
   }
   return QObject::eventFilter(watched, event);
 }

@@ -7,6 +7,8 @@
 
 #include <QMargins>
 #include <QObject>
+#include <QSize>
+#include <QTimer>
 
 class QWidget;
 
@@ -20,19 +22,26 @@ class WindowPlacement : public QObject {
   // fractional scale do not hold every value), else what the window has.
   TwipsRect Get() const;
 
-  // A place outside of every screen, of a monitor that is gone, becomes one on the primary screen.
+  // A size that no screen can show is cut to that of all screens together. A place where no screen
+  // shows enough of the caption to take hold of it becomes the nearest where one does.
   void Set(const TwipsRect& geometry);
-  void SetWidth(float width);
-  void SetHeight(float height);
+
+  // Asks for another size of the window that shows. The window has it from the resize event on that
+  // tells of it. A window manager that refuses, as during a drag, is asked some more times.
+  void AskForSize(float width, float height);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QMargins Frame() const;
-  void ApplySize();
+  QSize WantedSize() const;  // without the frame
+  void Ask();
 
   QWidget& window_;
   TwipsRect wanted_;
+  QSize refused_;  // the window's size when another one was asked for
+  QTimer askAgain_;
+  int patience_ = 0;
   bool framed_ = false;  // the window's size allows for its frame
 };

@@ -4,6 +4,7 @@
 #include "frm_about.h"
 
 #include "error.h"
+#include "event_guard.h"
 #include "message_box.h"
 #include "programs.h"
 #include "registry.h"
@@ -45,6 +46,7 @@ QWidget* MakeLine(QWidget* parent, const char* name, QPalette::ColorRole color) 
 QPushButton* MakeButton(QWidget* parent, const char* name, const QString& text) {
   auto* const button = new QPushButton(text, parent);
   button->setObjectName(QLatin1String(name));
+  button->setMinimumWidth(button->sizeHint().width() + kSpacing);  // styles leave little room
   return button;
 }
 
@@ -92,9 +94,9 @@ frmAbout::frmAbout(QWidget* owner)
 
   QPushButton* const cmdOK = MakeButton(this, "cmdOK", QStringLiteral("确定"));
   cmdOK->setDefault(true);
-  connect(cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);
+  connect(cmdOK, &QPushButton::clicked, this, Guarded([this](bool) { cmdOK_Click(); }));
   QPushButton* const cmdSysInfo = MakeButton(this, "cmdSysInfo", QStringLiteral("系统信息(&S)..."));
-  connect(cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
+  connect(cmdSysInfo, &QPushButton::clicked, this, Guarded([this](bool) { cmdSysInfo_Click(); }));
 
   auto* const texts = new QVBoxLayout;
   texts->setSpacing(kSpacing / 2);

@@ -93,6 +93,7 @@ void frmMain::ShowPopMnu(const QPoint& position) {
 }
 
 void frmMain::tvTreeView_BeforeLabelEdit(qint16& Cancel) {
+  EditAgain = false;  // whichever way it opens, it need not open again
   if (SelectedTag() == kAppTitle) Cancel = 1;
 }
 

@@ -9,6 +9,8 @@
 
 #include <QMainWindow>
 
+#include <optional>
+
 class BandContainer;
 class ListView;
 class PictureBox;
@@ -145,8 +147,10 @@ class frmMain : public QMainWindow {
   WindowPlacement placement_;
   Layout layout_;
   float splitterLeft_ = 0;  // of the dragged bar
-  bool resizing_ = false;
   bool isTerminating_ = false;
+  // The tree pane's width when the window was too small and asked to grow: what it has again in the
+  // size that the window gets then.
+  std::optional<float> treeWidthToKeep_;
 
   // The right button was the last one pressed on the tree: node clicks do not refill the list.
   bool RightButtonDown = false;

@@ -43,19 +43,21 @@ void frmMain::ApplyLayout() {
 
 void frmMain::Form_Resize() {
   if (isMinimized()) return;
-  if (placement_.Get().width < 4000) placement_.SetWidth(5000);
-  if (placement_.Get().height < 4000) placement_.SetHeight(5000);
-  SizeControls(layout_.picTreeContain.width);
+  const TwipsRect place = placement_.Get();
+  const float width = EnoughFor(place.width);
+  const float height = EnoughFor(place.height);
+  const float treeWidth = treeWidthToKeep_.value_or(layout_.picTreeContain.width);
+  treeWidthToKeep_.reset();
+  if (width != place.width || height != place.height) {
+    treeWidthToKeep_ = treeWidth;
+    placement_.AskForSize(width, height);
+  }
+  SizeControls(treeWidth);
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
   const bool resized = event->type() == QEvent::Resize || event->type() == QEvent::Show;
-  // Setting a size in Form_Resize resizes again; the layout that follows it serves both.
-  if (watched == client && resized && !resizing_) {
-    resizing_ = true;
-    Form_Resize();
-    resizing_ = false;
-  }
+  if (watched == client && resized) Form_Resize();
   // The pointer left the caption bar for the tree below, which its pane is not told of.
   if (watched == tvTreeView && event->type() == QEvent::Enter) DrawSortBar(*picTreeContain);
   return QMainWindow::eventFilter(watched, event);
@@ -91,6 +93,7 @@ void frmMain::picShowSplitter_MouseMove(float X) {
 }
 
 void frmMain::picShowSplitter_MouseUp() {
+  treeWidthToKeep_.reset();
   SizeControls(splitterLeft_);
   picSplitter->hide();
   picShowSplitter->show();

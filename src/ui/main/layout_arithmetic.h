@@ -29,6 +29,11 @@ struct Layout {
   TwipsRect picShowSplitter;
 };
 
+// The least width and height of the window: one that is too small becomes 5000.
+inline float EnoughFor(float size) {
+  return size < 4000 ? 5000 : size;
+}
+
 // Lays out anew for the wanted width of the tree pane, which is clamped first. A step that would
 // give something a negative size is skipped, and what it would have set stays as it is in `layout`.
 void Arrange(Layout& layout, const LayoutInput& input, float treeWidth);

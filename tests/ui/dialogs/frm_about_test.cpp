@@ -16,6 +16,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <sys/stat.h>
+
 namespace {
 
 const QTemporaryDir kFolder;
@@ -34,15 +36,23 @@ TEST(FrmAbout, StartsTheProgramOfTheFirstLocationThatIsThereOrSaysThatThereIsNon
   const QString mark = kFolder.filePath("mark");
   const QByteArray script = "#!/bin/sh\necho > '" + QFile::encodeName(mark) + "'\n";
   const QByteArray tools = kLocation + Write("tools/MSINFO32.EXE", script).chopped(13) + '\n';
-  const std::pair<QByteArray, bool> cases[] = {
-      {kPath + Write("系统 信息 $(touch x)", script), true},
-      {tools, true},
-      {kLocation + "text:/nowhere", false},
-      {tools + kPath + "text:/nowhere/program", false},  // the first location is not checked
-      {tools + kPath + "text:hardinfo", false},          // not a full path
-      {{}, true}};                                       // a known program that is installed
+  // What the folder holds that goes before the tree's, whether the program starts.
+  const std::tuple<QByteArray, const char*, bool> cases[] = {
+      {kPath + Write("系统 信息 $(touch x)", script), "nothing", true},
+      {tools, "nothing", true},
+      {tools, "pipe", false},  // nothing stands in for what cannot be read
+      {{}, "pipe", false},
+      {kLocation + "text:/nowhere", "nothing", false},
+      {tools + kPath + "text:/nowhere/program", "nothing", false},  // the first one is not checked
+      {tools + kPath + "text:hardinfo", "nothing", false},          // not a full path
+      {{}, "nothing", true}};  // a known program that is installed
   Write("hardinfo", script);
-  for (const auto& [tree, starts] : cases) {
+  Write("relative/hcwordlib/registry.conf", kPath + "text:/nowhere");
+  QDir::setCurrent(kFolder.path());
+  ASSERT_TRUE(QDir().mkpath("pipe/hcwordlib") && mkfifo("pipe/hcwordlib/registry.conf", 0600) == 0);
+  for (const auto& [tree, before, starts] : cases) {
+    const QByteArray folder = QFile::encodeName(kFolder.path());
+    qputenv("XDG_CONFIG_DIRS", "relative:" + folder + '/' + before + ':' + folder);
     Write("hcwordlib/registry.conf", tree);
     frmAbout about;
     about.show();
@@ -61,6 +71,7 @@ TEST(FrmAbout, StartsTheProgramOfTheFirstLocationThatIsThereOrSaysThatThereIsNon
 }
 
 TEST(FrmAbout, ValuesBecomeTextByTheirType) {
+  qputenv("XDG_CONFIG_DIRS", QFile::encodeName(kFolder.path()));
   Write(
       "hcwordlib/registry.conf",
       "\xef\xbb\xbf# 注释\r\norphan = text:x\r\n[ Software\\Key ]\r\nbad \xff = text:x\nno value\n"
@@ -87,7 +98,6 @@ TEST(FrmAbout, ValuesBecomeTextByTheirType) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("XDG_CONFIG_DIRS", QFile::encodeName(kFolder.path()));
   qputenv("PATH", QFile::encodeName(kFolder.path()));
   const QApplication app(argc, argv);
   testing::InitGoogleTest(&argc, argv);

@@ -136,10 +136,13 @@ TEST_F(BrowsingTest, ThePointerIsAHandOverTheItemsOfTheList) {
     return viewport->cursor();
   };
   const QRect item = lvListView->visualRect(lvListView->model()->index(1, 0));
-  EXPECT_EQ(pointerAt(item.center()).hotSpot(), QPoint(12, 1));
   EXPECT_EQ(pointerAt(item.center()).pixmap().size(), QSize(32, 32));
-  const QPoint empty = viewport->rect().bottomRight() - QPoint(5, 5);
-  EXPECT_EQ(pointerAt(empty).shape(), Qt::ArrowCursor);
+  // Beside the items, and right of a short one's label.
+  for (const QPoint& empty : {viewport->rect().bottomRight() - QPoint(5, 5),
+                              item.topRight() - QPoint(2, item.height() / 2)}) {
+    EXPECT_EQ(pointerAt(item.center()).hotSpot(), QPoint(12, 1));
+    EXPECT_EQ(pointerAt(empty).shape(), Qt::ArrowCursor);
+  }
 }
 
 }  // namespace

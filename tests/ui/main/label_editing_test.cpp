@@ -163,8 +163,8 @@ TEST_F(LabelEditingTest, TakesOneLineOfAtMost4000Characters) {
   for (const QString& name : {QString(5000, u'词'), QStringLiteral("两\n行\t")}) {
     Open(name);
     EXPECT_EQ(Editor().text(), name);
-    enter_();
-    EXPECT_EQ(ended_, name.toStdString() + ".");
+    leave_();
+    EXPECT_EQ(ended_, "");
   }
 }
 
