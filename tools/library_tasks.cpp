@@ -3,12 +3,14 @@
 
 #include "library_tasks.h"
 
+#include "bulk_writer.h"
 #include "com_func.h"
 #include "connection.h"
 #include "data_base_funcs.h"
 #include "database_error.h"
 #include "progress_bar.h"
 #include "recordset.h"
+#include "sql_script.h"
 #include "statements.h"
 #include "transaction.h"
 
@@ -41,40 +43,41 @@ bool TableExists(const char* table, Connection& connection) {
   }
 }
 
-void StoreCategory(const OutlineCategory& category, Connection& connection, DataBaseFuncs& funcs,
-                   ProgressBar& progress) {
-  int line = category.line;
+// Runs `store`; a row that it is refused is told by the line that `lineOf` names.
+template <class Store, class LineOf>
+void StoreLines(const Store& store, const LineOf& lineOf) {
   try {
-    qint32 position = 0;
-    qint32 gid = 0;
-    QString reason;
-    if (!funcs.AddDict(category.name, position, gid, &reason)) {
-      throw Error(reason);
-    }
-    progress.Advance(1);
-    if (category.words.empty()) {
-      return;
-    }
-
-    auto rows = std::make_unique<Recordset>();
-    rows->Open(Statement::SelectWordsByID(gid), connection, CursorType::kDynamic,
-               LockType::kOptimistic);
-    qint32 id = 0;
-    for (const OutlineWord& word : category.words) {
-      line = word.line;
-      rows->AddNew();
-      rows->SetField("SortID", gid);
-      rows->SetField("FatherID", word.parent);
-      rows->SetField("NodeName", word.name);
-      rows->SetField("ID", ++id);
-      rows->Update();
-      progress.Advance(1);
-    }
-    CloseRecordset(rows);
+    store();
   } catch (const DatabaseError& error) {
     if (!error.IsRowRefused()) throw;
-    throw LineError(line, error.Description());
+    throw LineError(lineOf(), error.Description());
   }
+}
+
+void StoreCategory(const OutlineCategory& category, Connection& connection, DataBaseFuncs& funcs,
+                   ProgressBar& progress) {
+  qint32 gid = 0;
+  StoreLines(
+      [&] {
+        qint32 position = 0;
+        QString reason;
+        if (!funcs.AddDict(category.name, position, gid, &reason)) throw Error(reason);
+      },
+      [&] { return category.line; });
+  progress.Advance(1);
+
+  BulkWriter rows(connection, QStringLiteral("Items"),
+                  QStringLiteral("SortID,ID,FatherID,NodeName"));
+  StoreLines(
+      [&] {
+        qint32 id = 0;
+        for (const OutlineWord& word : category.words) {
+          rows.Add({gid, ++id, word.parent, word.name});
+          progress.Advance(1);
+        }
+        rows.Finish();
+      },
+      [&] { return category.words[static_cast<size_t>(rows.StoredRows())].line; });
 }
 
 // What keeps `name` from being imported as it is, or an empty text; `names` are those before it.
@@ -194,18 +197,8 @@ void CreateTables(Connection& connection) {
   }
 
   Transaction transaction(connection, Transaction::Use::kWrite);
-  QString statement;
-  while (!schema.atEnd()) {
-    const QString line = QString::fromUtf8(schema.readLine()).trimmed();
-    if (line.isEmpty() || line.startsWith(QLatin1String("--"))) {
-      continue;
-    }
-    statement += line + QLatin1Char('\n');
-    if (line.endsWith(QLatin1Char(';'))) {
-      statement.chop(2);
-      connection.Execute(statement);
-      statement.clear();
-    }
+  for (const QString& statement : StatementsOf(QString::fromUtf8(schema.readAll()))) {
+    connection.Execute(statement);
   }
   transaction.Commit();
 }

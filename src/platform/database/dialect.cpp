@@ -30,6 +30,10 @@ const Dialect& DialectOf(const QString& dbmsName) {
   return kGeneric;
 }
 
+QString Quoted(QString text) {
+  return u'\'' + text.replace(u'\'', QLatin1String("''")) + u'\'';
+}
+
 QString WithoutDeleteStar(const QString& statement) {
   static const QRegularExpression kDeleteStar(QStringLiteral("^\\s*delete\\s*\\*\\s*from(?=\\s)"),
                                               QRegularExpression::CaseInsensitiveOption);

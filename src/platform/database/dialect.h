@@ -22,5 +22,8 @@ struct Dialect {
 // The dialect of the engine that its driver calls `dbmsName`.
 const Dialect& DialectOf(const QString& dbmsName);
 
+// `text` as it stands in a statement.
+QString Quoted(QString text);
+
 // `statement` as every engine takes it: "delete * from T" becomes "delete from T".
 QString WithoutDeleteStar(const QString& statement);

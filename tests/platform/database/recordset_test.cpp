@@ -3,6 +3,7 @@
 
 #include "recordset.h"
 
+#include "bulk_writer.h"
 #include "database_error.h"
 #include "engines.h"
 #include "rows.h"
@@ -167,6 +168,24 @@ TEST_P(RecordsetTest, ErrorsSayWhatTheDriverSays) {
   connection_.SetConnectionString(QStringLiteral("DSN=没有的数据源"));
   EXPECT_THROW(connection_.Open(), DatabaseError);
   EXPECT_FALSE(connection_.IsOpen());
+}
+
+// Far more text than a statement takes, and rows for several.
+TEST_P(RecordsetTest, BulkRowsAreStoredUpToTheOneThatIsRefused) {
+  Transaction transaction(connection_, Transaction::Use::kWrite);
+  BulkWriter rows(connection_, QStringLiteral("Items"),
+                  QStringLiteral("SortID,ID,FatherID,NodeName"));
+  std::string stored;
+  for (qint32 id = 1; id <= 300; ++id) {
+    const QString name = QStringLiteral("'\\?%1").arg(id) + QString(id % 4 == 0 ? 3990 : 0, u'词');
+    rows.Add({1, id, id - 1, name});
+    stored += name.toStdString() + '\n';
+  }
+  rows.Finish();
+  EXPECT_EQ(StoredNames(), stored);
+  for (qint32 id = 301; id <= 310; ++id) rows.Add({1, id == 307 ? 5 : id, 0, QString()});
+  EXPECT_THROW(rows.Finish(), DatabaseError);
+  EXPECT_EQ(rows.StoredRows(), 306);
 }
 
 TEST_P(RecordsetTest, WhatIsNotCommittedIsTakenBack) {
