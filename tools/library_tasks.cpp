@@ -50,7 +50,7 @@ void StoreLines(const Store& store, const LineOf& lineOf) {
     store();
   } catch (const DatabaseError& error) {
     if (!error.IsRowRefused()) throw;
-    throw LineError(lineOf(), error.Description());
+    throw Error(TextOf({{lineOf(), error.Description()}}));
   }
 }
 
@@ -203,29 +203,31 @@ void CreateTables(Connection& connection) {
   transaction.Commit();
 }
 
-void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& categories) {
+Imported ImportLibrary(Connection& connection, Outline outline, Duplicates how) {
   Transaction transaction(connection, Transaction::Use::kWrite);
-  QHash<QString, int> lineOf;
-  qsizetype total = 0;
-  for (const OutlineCategory& category : categories) {
-    lineOf.insert(category.name, category.line);
-    total += 1 + static_cast<qsizetype>(category.words.size());
-  }
+  QSet<QString> taken;
   auto rows = OpenToRead(Statement::SelectCategories(), connection);
-  for (; !rows->IsEof(); rows->MoveNext()) {
-    const QString name = rows->FieldText("SortName");
-    if (const auto found = lineOf.constFind(name); found != lineOf.constEnd()) {
-      throw LineError(found.value(), QStringLiteral("词句库中已有分类条目“%1”。").arg(name));
-    }
-  }
+  for (; !rows->IsEof(); rows->MoveNext()) taken += rows->FieldText("SortName");
   CloseRecordset(rows);
+  Imported imported;
+  imported.duplicates = SettleDuplicates(outline.categories, taken, how);
+  auto& faults = outline.faults;
+  if (how == Duplicates::kRefuse) {
+    faults.insert(faults.end(), imported.duplicates.begin(), imported.duplicates.end());
+  }
+  if (!faults.empty()) throw Error(TextOf(faults));
 
+  imported.categories = static_cast<qsizetype>(outline.categories.size());
+  for (const OutlineCategory& category : outline.categories) {
+    imported.words += static_cast<qsizetype>(category.words.size());
+  }
   DataBaseFuncs funcs(connection);
-  ProgressBar progress(QStringLiteral("导入"), total);
-  for (const OutlineCategory& category : categories) {
+  ProgressBar progress(QStringLiteral("导入"), imported.categories + imported.words);
+  for (const OutlineCategory& category : outline.categories) {
     StoreCategory(category, connection, funcs, progress);
   }
   transaction.Commit();
+  return imported;
 }
 
 QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress) {
