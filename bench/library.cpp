@@ -3,8 +3,10 @@
 
 #include "library.h"
 
+#include "bulk_writer.h"
 #include "recordset.h"
 #include "statements.h"
+#include "transaction.h"
 
 Library::Library() {
   connection_.SetConnectionString(QStringLiteral("DSN=HCWordLib"));
@@ -16,28 +18,20 @@ Library::Library() {
 
 qint32 Library::AddCategory(const QString& name, qint32 words,
                             const std::function<Word(qint32 id)>& wordOf) {
-  constexpr qint32 kWordsPerStatement = 500;
   ++categories_;
-  connection_.BeginTransaction();
+  Transaction transaction(connection_, Transaction::Use::kWrite);
   connection_.Execute(QStringLiteral("insert into Dictionary (GID,SortName,Position) "
                                      "values (%1,'%2',%1)")
                           .arg(categories_)
                           .arg(name));
-  QString values;
+  BulkWriter rows(connection_, QStringLiteral("Items"),
+                  QStringLiteral("SortID,ID,FatherID,NodeName"));
   for (qint32 id = 1; id <= words; ++id) {
     const Word word = wordOf(id);
-    values += QStringLiteral("%1(%2,%3,%4,'%5')")
-                  .arg(values.isEmpty() ? QLatin1String("") : QLatin1String(","))
-                  .arg(categories_)
-                  .arg(id)
-                  .arg(word.fatherId)
-                  .arg(word.name);
-    if (id % kWordsPerStatement != 0 && id != words) continue;
-    connection_.Execute(QStringLiteral("insert into Items (SortID,ID,FatherID,NodeName) values ") +
-                        values);
-    values.clear();
+    rows.Add({categories_, id, word.fatherId, word.name});
   }
-  connection_.CommitTransaction();
+  rows.Finish();
+  transaction.Commit();
   return categories_;
 }
 

@@ -4,9 +4,10 @@
 // What the user, another window and a colleague do in a session.
 
 #include "connection.h"
-#include "fault_injection.h"
+#include "failing_step.h"
 #include "frm_main.h"
 #include "session.h"
+#include "shared_objects.h"
 #include "statements.h"
 #include "tool_bar.h"
 #include "tree_view.h"
@@ -306,10 +307,10 @@ void Session::FailingStatement() {
   const auto buttons = window_->findChildren<ToolBarButton*>();
   ToolBarButton* button = OneOf(buttons);
   Tell(button->Key());
-  FailDatabaseStep(step);
+  FailStep(TheConn(), step);
   button->click();
   Settle();
-  FailDatabaseStep(0);
+  TheConn().SetStepHook({});
 }
 
 void Session::Window() {

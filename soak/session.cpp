@@ -6,7 +6,6 @@
 #include "connection.h"
 #include "engines.h"
 #include "entry_scheme.h"
-#include "fault_injection.h"
 #include "frm_main.h"
 #include "list_view.h"
 #include "shared_objects.h"
@@ -79,7 +78,6 @@ Session::Session(const Engine& engine, quint32 seed)
 }
 
 Session::~Session() {
-  FailDatabaseStep(0);
   window_.reset();
   ReleaseSharedObjects();
 }
@@ -173,7 +171,6 @@ void Session::Act(int index) {
   Settle();
   // A click waits for a second one before it opens the editor.
   if (OneIn(4)) QTest::qWait(QApplication::doubleClickInterval() + 3);
-  FailDatabaseStep(0);
   std::puts("");
   std::fflush(stdout);
   Audit(before);

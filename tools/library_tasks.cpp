@@ -3,13 +3,16 @@
 
 #include "library_tasks.h"
 
+#include "bulk_writer.h"
 #include "com_func.h"
 #include "connection.h"
 #include "data_base_funcs.h"
 #include "database_error.h"
 #include "progress_bar.h"
 #include "recordset.h"
+#include "sql_script.h"
 #include "statements.h"
+#include "transaction.h"
 
 #include <QFile>
 #include <QHash>
@@ -23,37 +26,9 @@ namespace {
 
 constexpr std::array kTables{"Dictionary", "Items", "GUIDLists"};
 
-// Rolled back unless committed.
-class Transaction {
- public:
-  explicit Transaction(Connection& connection) : connection_(connection) {
-    connection_.BeginTransaction();
-  }
-  ~Transaction() {
-    if (!isCommitted_) {
-      try {
-        connection_.RollbackTransaction();
-      } catch (const DatabaseError&) {
-        // The connection is gone, and the transaction with it; what led here is being reported.
-      }
-    }
-  }
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-
-  void Commit() {
-    connection_.CommitTransaction();
-    isCommitted_ = true;
-  }
-
- private:
-  Connection& connection_;
-  bool isCommitted_ = false;
-};
-
 std::unique_ptr<Recordset> OpenToRead(const QString& statement, Connection& connection) {
   auto rows = std::make_unique<Recordset>();
-  rows->Open(statement, connection, CursorType::kKeyset, LockType::kUnspecified);
+  rows->Open(statement, connection);
   return rows;
 }
 
@@ -68,40 +43,41 @@ bool TableExists(const char* table, Connection& connection) {
   }
 }
 
-void StoreCategory(const OutlineCategory& category, Connection& connection, DataBaseFuncs& funcs,
-                   ProgressBar& progress) {
-  int line = category.line;
+// Runs `store`; a row that it is refused is told by the line that `lineOf` names.
+template <class Store, class LineOf>
+void StoreLines(const Store& store, const LineOf& lineOf) {
   try {
-    qint32 position = 0;
-    qint32 gid = 0;
-    QString reason;
-    if (!funcs.AddDict(category.name, position, gid, &reason)) {
-      throw Error(reason);
-    }
-    progress.Advance(1);
-    if (category.words.empty()) {
-      return;
-    }
-
-    auto rows = std::make_unique<Recordset>();
-    rows->Open(Statement::SelectWordsByID(gid), connection, CursorType::kDynamic,
-               LockType::kOptimistic);
-    qint32 id = 0;
-    for (const OutlineWord& word : category.words) {
-      line = word.line;
-      rows->AddNew();
-      rows->SetField("SortID", gid);
-      rows->SetField("FatherID", word.parent);
-      rows->SetField("NodeName", word.name);
-      rows->SetField("ID", ++id);
-      rows->Update();
-      progress.Advance(1);
-    }
-    CloseRecordset(rows);
+    store();
   } catch (const DatabaseError& error) {
     if (!error.IsRowRefused()) throw;
-    throw LineError(line, error.Description());
+    throw Error(TextOf({{lineOf(), error.Description()}}));
   }
+}
+
+void StoreCategory(const OutlineCategory& category, Connection& connection, DataBaseFuncs& funcs,
+                   ProgressBar& progress) {
+  qint32 gid = 0;
+  StoreLines(
+      [&] {
+        qint32 position = 0;
+        QString reason;
+        if (!funcs.AddDict(category.name, position, gid, &reason)) throw Error(reason);
+      },
+      [&] { return category.line; });
+  progress.Advance(1);
+
+  BulkWriter rows(connection, QStringLiteral("Items"),
+                  QStringLiteral("SortID,ID,FatherID,NodeName"));
+  StoreLines(
+      [&] {
+        qint32 id = 0;
+        for (const OutlineWord& word : category.words) {
+          rows.Add({gid, ++id, word.parent, word.name});
+          progress.Advance(1);
+        }
+        rows.Finish();
+      },
+      [&] { return category.words[static_cast<size_t>(rows.StoredRows())].line; });
 }
 
 // What keeps `name` from being imported as it is, or an empty text; `names` are those before it.
@@ -220,51 +196,43 @@ void CreateTables(Connection& connection) {
     }
   }
 
-  Transaction transaction(connection);
-  QString statement;
-  while (!schema.atEnd()) {
-    const QString line = QString::fromUtf8(schema.readLine()).trimmed();
-    if (line.isEmpty() || line.startsWith(QLatin1String("--"))) {
-      continue;
-    }
-    statement += line + QLatin1Char('\n');
-    if (line.endsWith(QLatin1Char(';'))) {
-      statement.chop(2);
-      connection.Execute(statement);
-      statement.clear();
-    }
+  Transaction transaction(connection, Transaction::Use::kWrite);
+  for (const QString& statement : StatementsOf(QString::fromUtf8(schema.readAll()))) {
+    connection.Execute(statement);
   }
   transaction.Commit();
 }
 
-void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& categories) {
-  Transaction transaction(connection);
-  QHash<QString, int> lineOf;
-  qsizetype total = 0;
-  for (const OutlineCategory& category : categories) {
-    lineOf.insert(category.name, category.line);
-    total += 1 + static_cast<qsizetype>(category.words.size());
-  }
+Imported ImportLibrary(Connection& connection, Outline outline, Duplicates how) {
+  Transaction transaction(connection, Transaction::Use::kWrite);
+  QSet<QString> taken;
   auto rows = OpenToRead(Statement::SelectCategories(), connection);
-  for (; !rows->IsEof(); rows->MoveNext()) {
-    const QString name = rows->FieldText("SortName");
-    if (const auto found = lineOf.constFind(name); found != lineOf.constEnd()) {
-      throw LineError(found.value(), QStringLiteral("词句库中已有分类条目“%1”。").arg(name));
-    }
-  }
+  for (; !rows->IsEof(); rows->MoveNext()) taken += rows->FieldText("SortName");
   CloseRecordset(rows);
+  Imported imported;
+  imported.duplicates = SettleDuplicates(outline.categories, taken, how);
+  auto& faults = outline.faults;
+  if (how == Duplicates::kRefuse) {
+    faults.insert(faults.end(), imported.duplicates.begin(), imported.duplicates.end());
+  }
+  if (!faults.empty()) throw Error(TextOf(faults));
 
+  imported.categories = static_cast<qsizetype>(outline.categories.size());
+  for (const OutlineCategory& category : outline.categories) {
+    imported.words += static_cast<qsizetype>(category.words.size());
+  }
   DataBaseFuncs funcs(connection);
-  ProgressBar progress(QStringLiteral("导入"), total);
-  for (const OutlineCategory& category : categories) {
+  ProgressBar progress(QStringLiteral("导入"), imported.categories + imported.words);
+  for (const OutlineCategory& category : outline.categories) {
     StoreCategory(category, connection, funcs, progress);
   }
   transaction.Commit();
+  return imported;
 }
 
 QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showProgress) {
   // One transaction: engines that isolate it so show one state of the library throughout.
-  Transaction transaction(connection);
+  Transaction transaction(connection, Transaction::Use::kRead);
   QStringList remarks;
   auto categories = OpenToRead(Statement::SelectCategories(), connection);
   std::unique_ptr<ProgressBar> progress;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "outline.h"
+#include "duplicates.h"
 
 #include <QStringList>
 
@@ -16,9 +16,16 @@ class QIODevice;
 // nothing, when one of them exists or the engine is not known.
 void CreateTables(Connection& connection);
 
+struct Imported {
+  qsizetype categories = 0;
+  qsizetype words = 0;
+  std::vector<LineRemark> duplicates;  // those left out or renamed
+};
+
 // Adds the categories behind those of the library, in one transaction. Raises Error, having added
-// nothing, at the first line that is refused (a LineError) and at any failure of the database.
-void ImportLibrary(Connection& connection, const std::vector<OutlineCategory>& categories);
+// nothing, with all faults of the outline, for a line that the database refuses, and at any failure
+// of the database.
+Imported ImportLibrary(Connection& connection, Outline outline, Duplicates how);
 
 // `device` is not buffered. Writes every word that hangs on its category, whatever the order of the
 // IDs. Returns a message for each word that does not and was left out, and for each name that

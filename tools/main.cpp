@@ -5,7 +5,6 @@
 
 #include "connection.h"
 #include "library_tasks.h"
-#include "outline.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -28,17 +27,20 @@ constexpr char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
 命令：
   init            建立词句库的各表；其中任何一个表已经存在时，什么也不建立
   import 文件     把大纲文件中的分类条目和分类词加到词句库已有的内容之后；
-                  文件有任何错误时，指出行号，什么也不导入
+                  文件有任何错误时，逐一指出行号，什么也不导入；
+                  文件写作 - 时读标准输入
   export [文件]   把词句库写成大纲文件；不给出文件时写到标准输出；
                   逐一指出没有上级而未导出的词、导入前须改的名称，退出状态为 1
 
 选项：
   --dsn 名称      数据源的名称（不给出时为 HCWordLib）
+  --duplicates 方式  导入时如何对待重名：refuse 拒绝整个文件（不给出时）；
+                  skip 不导入后一个及其下的词；number 在后一个的名称后加 2、3……
   --help          显示本说明
   --version       显示版本
 
 大纲文件是 UTF-8 文本：每个分类条目占一行，不缩进；其下的分类词各占一行，每级缩进
-一个制表符。同一文件中的分类条目不能重名，同一分类条目中的分类词不能重名。
+一个制表符。分类条目不能重名，同一分类条目中的分类词不能重名。
 名称中的下列内容写作转义：
   \\      反斜杠
   \n \r   换行、回车
@@ -53,7 +55,8 @@ constexpr char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
 struct CommandLine {
   QString dsn = QStringLiteral("HCWordLib");
   QString command;
-  QString file;  // empty when absent
+  QString file;  // empty when absent, "-" for standard input
+  Duplicates duplicates = Duplicates::kRefuse;
   bool wantsHelp = false;
   bool wantsVersion = false;
 };
@@ -63,6 +66,13 @@ class UsageError : public Error {
   using Error::Error;
 };
 
+Duplicates DuplicatesCalled(const QString& name) {
+  if (name == u"refuse") return Duplicates::kRefuse;
+  if (name == u"skip") return Duplicates::kSkip;
+  if (name == u"number") return Duplicates::kNumber;
+  throw UsageError(QStringLiteral("“%1”不是 refuse、skip 或 number。").arg(name));
+}
+
 CommandLine ParseCommandLine(const QStringList& arguments) {
   CommandLine result;
   QStringList words;
@@ -70,7 +80,8 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
   for (qsizetype i = 1; i < arguments.size(); ++i) {
     const QString& argument = arguments[i];
     const QString assignment = QStringLiteral("--dsn=");
-    if (optionsEnded || !argument.startsWith(QLatin1Char('-'))) {
+    const QString duplicates = QStringLiteral("--duplicates=");
+    if (optionsEnded || argument == u"-" || !argument.startsWith(QLatin1Char('-'))) {
       words += argument;
     } else if (argument == QLatin1String("--")) {
       optionsEnded = true;
@@ -82,6 +93,10 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
       result.dsn = arguments[++i];
     } else if (argument.startsWith(assignment)) {
       result.dsn = argument.mid(assignment.size());
+    } else if (argument == QLatin1String("--duplicates") && i + 1 < arguments.size()) {
+      result.duplicates = DuplicatesCalled(arguments[++i]);
+    } else if (argument.startsWith(duplicates)) {
+      result.duplicates = DuplicatesCalled(argument.mid(duplicates.size()));
     } else {
       throw UsageError(QStringLiteral("选项“%1”有误。").arg(argument));
     }
@@ -122,7 +137,8 @@ void PrintMessage(const QString& message) {
 QByteArray ReadFile(const QString& name) {
   QFile file(name);
   QByteArray text;
-  if (file.open(QIODevice::ReadOnly)) {
+  if (name == u"-" ? file.open(STDIN_FILENO, QIODevice::ReadOnly)
+                   : file.open(QIODevice::ReadOnly)) {
     text = file.readAll();
   }
   if (file.error() != QFileDevice::NoError) {
@@ -131,17 +147,15 @@ QByteArray ReadFile(const QString& name) {
   return text;
 }
 
-void Import(Connection& connection, const QString& fileName) {
-  const std::vector<OutlineCategory> categories = ParseOutline(ReadFile(fileName));
+void Import(Connection& connection, const CommandLine& commandLine) {
+  Outline outline = ParseOutline(ReadFile(commandLine.file));
   connection.Open();
-  ImportLibrary(connection, categories);
-  qsizetype wordCount = 0;
-  for (const OutlineCategory& category : categories) {
-    wordCount += static_cast<qsizetype>(category.words.size());
-  }
-  Print(
-      QStringLiteral("已导入 %1 个分类条目、%2 个分类词。\n").arg(categories.size()).arg(wordCount),
-      stdout);
+  const Imported imported = ImportLibrary(connection, std::move(outline), commandLine.duplicates);
+  if (!imported.duplicates.empty()) Print(TextOf(imported.duplicates) + u'\n', stdout);
+  Print(QStringLiteral("已导入 %1 个分类条目、%2 个分类词。\n")
+            .arg(imported.categories)
+            .arg(imported.words),
+        stdout);
 }
 
 int Export(Connection& connection, const QString& fileName) {
@@ -184,7 +198,7 @@ int Run(const QStringList& arguments) {
     connection.Open();
     CreateTables(connection);
   } else if (commandLine.command == QLatin1String("import")) {
-    Import(connection, commandLine.file);
+    Import(connection, commandLine);
   } else {
     return Export(connection, commandLine.file);
   }

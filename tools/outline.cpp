@@ -3,8 +3,13 @@
 
 #include "outline.h"
 
-#include <QHash>
+#include "error.h"
+
 #include <QStringDecoder>
+#include <QStringList>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -19,15 +24,15 @@ bool IsLoneSurrogate(const QString& name, qsizetype i) {
 }
 
 // Turns the escapes of one line's name into what they stand for.
-QString Unescape(const QString& text, int line) {
+QString Unescape(const QString& text) {
   if (text == QLatin1String("\\e")) {
-    return QString();
+    return QStringLiteral("");
   }
   QString name;
   name.reserve(text.size());
   for (qsizetype i = 0; i < text.size(); ++i) {
     if (text[i].unicode() < 0x20 || text[i].unicode() == 0x7F) {
-      throw LineError(line, QStringLiteral("名称中有控制字符，须写作 \\t、\\r 或 \\uXXXX。"));
+      throw Error(QStringLiteral("名称中有控制字符，须写作 \\t、\\r 或 \\uXXXX。"));
     }
     if (text[i] != QLatin1Char('\\')) {
       name += text[i];
@@ -50,11 +55,11 @@ QString Unescape(const QString& text, int line) {
         isHex = isHex && kHexDigits.contains(digit);
       }
       if (!isHex) {
-        throw LineError(line, QStringLiteral("无法识别的转义“%1”。").arg(text.mid(i - 1, 6)));
+        throw Error(QStringLiteral("无法识别的转义“%1”。").arg(text.mid(i - 1, 6)));
       }
       const ushort unit = digits.toUShort(nullptr, 16);
       if (unit == 0) {  // the drivers would end the name here
-        throw LineError(line, QStringLiteral("名称不能含有空字符。"));
+        throw Error(QStringLiteral("名称不能含有空字符。"));
       }
       name += QChar(unit);
       i += 4;
@@ -64,90 +69,92 @@ QString Unescape(const QString& text, int line) {
   for (qsizetype i = 0; i < name.size(); ++i) {
     length += name[i].isLowSurrogate() ? 0 : 1;
     if (IsLoneSurrogate(name, i)) {
-      throw LineError(line, QStringLiteral("名称中有不成对的代理项（\\ud800 至 \\udfff）。"));
+      throw Error(QStringLiteral("名称中有不成对的代理项（\\ud800 至 \\udfff）。"));
     }
   }
   if (length > kLongestName) {
-    throw LineError(line,
-                    QStringLiteral("名称有 %1 个字符，最多 %2 个。").arg(length).arg(kLongestName));
+    throw Error(QStringLiteral("名称有 %1 个字符，最多 %2 个。").arg(length).arg(kLongestName));
   }
   return name;
 }
 
-// The lines in which names were given first; refuses the second.
-class GivenNames {
- public:
-  void Add(const QString& name, int line, const QString& kind) {
-    if (const auto first = lines_.constFind(name); first != lines_.constEnd()) {
-      throw LineError(line,
-                      QStringLiteral("%1“%2”与第 %3 行重名。").arg(kind, name).arg(first.value()));
-    }
-    lines_.insert(name, line);
-  }
-  void Clear() { lines_.clear(); }
+QString NameOf(QByteArrayView line) {
+  QStringDecoder decoder(QStringDecoder::Utf8,
+                         QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+  const QString escaped = decoder.decode(line);
+  if (decoder.hasError()) throw Error(QStringLiteral("不是有效的 UTF-8 文本。"));
+  return Unescape(escaped);
+}
 
- private:
-  QHash<QString, int> lines_;
-};
+// `text` in UTF-8 and without a byte order mark.
+QByteArray WithoutMark(const QByteArray& text) {
+  const auto encoding = QStringConverter::encodingForData(text);
+  if (encoding == QStringConverter::Utf8) return text.sliced(3);
+  if (encoding != QStringConverter::Utf16LE && encoding != QStringConverter::Utf16BE) return text;
+  const QString decoded = QStringDecoder(*encoding).decode(text);
+  if (!decoded.isValidUtf16()) throw Error(QStringLiteral("不是有效的 UTF-16 文本。"));
+  return decoded.toUtf8();
+}
 
 }  // namespace
 
-Error LineError(int line, const QString& reason) {
-  return Error(QStringLiteral("第 %1 行：").arg(line) + reason);
+QString TextOf(std::vector<LineRemark> remarks) {
+  constexpr size_t kMost = 50;
+  std::stable_sort(remarks.begin(), remarks.end(),
+                   [](const LineRemark& a, const LineRemark& b) { return a.line < b.line; });
+  QStringList lines;
+  for (const LineRemark& remark : remarks) {
+    if (lines.size() == kMost) {
+      lines += QStringLiteral("另有 %1 处。").arg(remarks.size() - kMost);
+      break;
+    }
+    lines += QStringLiteral("第 %1 行：").arg(remark.line) + remark.text;
+  }
+  return lines.join(u'\n');
 }
 
-std::vector<OutlineCategory> ParseOutline(const QByteArray& text) {
-  std::vector<OutlineCategory> categories;
+Outline ParseOutline(const QByteArray& text) {
+  Outline outline;
   std::vector<qint32> path;  // the last word's number at every depth
-  GivenNames categoryNames;
-  GivenNames wordNames;
-  QStringDecoder decoder(QStringDecoder::Utf8,
-                         QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
-
-  const QByteArrayView byteOrderMark("\xEF\xBB\xBF");
-  qsizetype position = text.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
-  for (int line = 1; position < text.size(); ++line) {
-    qsizetype end = text.indexOf('\n', position);
-    end = end < 0 ? text.size() : end;
-    QByteArrayView bytes = QByteArrayView(text).sliced(position, end - position);
+  qsizetype lastDepth = -1;
+  const QByteArray utf8 = WithoutMark(text);
+  qsizetype position = 0;
+  for (int line = 1; position < utf8.size(); ++line) {
+    qsizetype end = utf8.indexOf('\n', position);
+    end = end < 0 ? utf8.size() : end;
+    QByteArrayView bytes = QByteArrayView(utf8).sliced(position, end - position);
     position = end + 1;
-    if (bytes.endsWith('\r')) {
-      bytes.chop(1);
-    }
+    if (bytes.endsWith('\r')) bytes.chop(1);
     qsizetype depth = 0;
-    while (depth < bytes.size() && bytes[depth] == '\t') {
-      ++depth;
-    }
+    while (depth < bytes.size() && bytes[depth] == '\t') ++depth;
     bytes = bytes.sliced(depth);
     if (bytes.isEmpty()) {
-      throw LineError(line, QStringLiteral("没有名称；空名称写作 \\e。"));
-    }
-    const QString escaped = decoder.decode(bytes);
-    if (decoder.hasError()) {
-      throw LineError(line, QStringLiteral("不是有效的 UTF-8 文本。"));
-    }
-    QString name = Unescape(escaped, line);
-
-    if (depth == 0) {
-      categoryNames.Add(name, line, QStringLiteral("分类条目"));
-      categories.push_back({std::move(name), line, {}});
-      path.clear();
-      wordNames.Clear();
+      outline.faults.push_back({line, QStringLiteral("没有名称；空名称写作 \\e。")});
       continue;
     }
-    if (categories.empty()) {
-      throw LineError(line, QStringLiteral("第一个分类条目之前不能有分类词。"));
+    // A refused line keeps its place, so that those below it are not refused for it.
+    QString name;
+    try {
+      if (depth > lastDepth + 1) {
+        throw Error(lastDepth < 0 ? QStringLiteral("第一个分类条目之前不能有分类词。")
+                                  : QStringLiteral("缩进比上一行多出不止一级。"));
+      }
+      name = NameOf(bytes);
+    } catch (const Error& error) {
+      outline.faults.push_back({line, error.Description()});
     }
-    if (depth > static_cast<qsizetype>(path.size()) + 1) {
-      throw LineError(line, QStringLiteral("缩进比上一行多出不止一级。"));
+    lastDepth = depth;
+    if (depth == 0) {
+      outline.categories.push_back({std::move(name), line, {}});
+      path.clear();
+    } else if (!outline.categories.empty()) {
+      auto& words = outline.categories.back().words;
+      path.resize(static_cast<size_t>(depth - 1));
+      words.push_back({std::move(name), path.empty() ? 0 : path.back(), line});
+      path.push_back(static_cast<qint32>(words.size()));
     }
-    wordNames.Add(name, line, QStringLiteral("分类词"));
-    auto& words = categories.back().words;
-    path.resize(depth - 1);
-    words.push_back({std::move(name), path.empty() ? 0 : path.back(), line});
-    path.push_back(static_cast<qint32>(words.size()));
   }
-  return categories;
+  return outline;
 }
 
 void AppendOutlineLine(QByteArray& text, qsizetype depth, const QString& name) {

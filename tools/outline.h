@@ -15,23 +15,34 @@
 // \n, \r, \t, \uXXXX for a UTF-16 unit; \e alone is the empty name.
 
 struct OutlineWord {
-  QString name;
+  QString name;   // null where the line is refused
   qint32 parent;  // number of the parent word, words counted from 1; 0 directly under the category
   int line;
 };
 
 struct OutlineCategory {
-  QString name;
+  QString name;  // null where the line is refused
   int line;
   std::vector<OutlineWord> words;  // each behind its parent
 };
 
-// An error in the line `line` of an outline, counted from 1.
-Error LineError(int line, const QString& reason);
+// What there is to say about the line `line` of an outline, counted from 1.
+struct LineRemark {
+  int line;
+  QString text;
+};
 
-// Reads a whole outline. Raises LineError at the first line that is malformed or whose name is
-// longer than the tables take or given twice: to two categories, or to two words of one category.
-std::vector<OutlineCategory> ParseOutline(const QByteArray& text);
+// The first 50 remarks in the order of their lines, one a line, and how many more there are.
+QString TextOf(std::vector<LineRemark> remarks);
+
+struct Outline {
+  std::vector<OutlineCategory> categories;
+  std::vector<LineRemark> faults;  // of lines that are malformed or whose name is too long
+};
+
+// Reads a whole outline, in UTF-8 or, with a byte order mark, in UTF-16. Raises Error for a text
+// that cannot be read at all.
+Outline ParseOutline(const QByteArray& text);
 
 // Appends the line of a category (depth 0) or of a word.
 void AppendOutlineLine(QByteArray& text, qsizetype depth, const QString& name);

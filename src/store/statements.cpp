@@ -3,15 +3,12 @@
 
 #include "statements.h"
 
+#include "dialect.h"
+
 namespace {
 
 QString Number(qint32 number) {
   return QString::number(number);
-}
-
-QString Quoted(QString name) {
-  return QLatin1Char('\'') + name.replace(QLatin1Char('\''), QLatin1String("''")) +
-         QLatin1Char('\'');
 }
 
 }  // namespace

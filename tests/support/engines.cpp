@@ -3,8 +3,9 @@
 
 #include "engines.h"
 
+#include "sql_script.h"
+
 #include <QFile>
-#include <QRegularExpression>
 
 #include <stdexcept>
 
@@ -18,14 +19,7 @@ QStringList SchemaOf(const Engine& engine) {
   if (!file.open(QIODevice::ReadOnly)) {
     throw std::runtime_error("missing schema: " + file.fileName().toStdString());
   }
-  static const QRegularExpression kComment(QStringLiteral("^--.*$"),
-                                           QRegularExpression::MultilineOption);
-  const QString text = QString::fromUtf8(file.readAll()).remove(kComment);
-  QStringList statements;
-  for (const QString& statement : text.split(QStringLiteral(";\n"))) {
-    if (!statement.trimmed().isEmpty()) statements += statement.trimmed();
-  }
-  return statements;
+  return StatementsOf(QString::fromUtf8(file.readAll()));
 }
 
 void MakeEmptyLibrary(const Engine& engine, Connection& connection) {

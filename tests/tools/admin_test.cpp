@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
+#include <regex>
 
 namespace {
 
@@ -24,8 +25,9 @@ struct Outcome {
 
 class AdminTest : public EngineTest {
  protected:
-  static Outcome Run(const char* command, const QStringList& files = {}) {
+  Outcome Run(const char* command, const QStringList& files = {}) const {
     QProcess process;
+    if (QFile::exists(file_)) process.setStandardInputFile(file_);
     process.start(QStringLiteral(ADMIN_PROGRAM),
                   QStringList{QStringLiteral("--dsn"), ConnectionStringOf(GetParam()).mid(4),
                               QLatin1String(command)} +
@@ -38,11 +40,12 @@ class AdminTest : public EngineTest {
     return outcome;
   }
 
-  Outcome Import(const QByteArray& outline) const {
+  Outcome Import(const QByteArray& outline, const char* duplicates = "refuse") const {
     QFile file(file_);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(outline) == outline.size());
     file.close();
-    return Run("import", {file_});
+    return Run("import",
+               {QStringLiteral("-"), QStringLiteral("--duplicates"), QLatin1String(duplicates)});
   }
 
   std::string Library() {
@@ -79,12 +82,13 @@ TEST_P(AdminTest, AnOutlineComesBackByteForByte) {
       kLongest + "\n";
   EXPECT_EQ(Import(QByteArray::fromStdString(outline)).messages, "");
   EXPECT_EQ(Run("export").output, outline);
-  // As saved by another editor: byte order mark, carriage returns, no line feed at the end.
+  // As saved by other editors: byte order mark, carriage returns, no line feed at the end.
   EXPECT_EQ(Import("\xEF\xBB\xBF铣削\r\n\t立铣").messages, "");
+  EXPECT_EQ(Import(QByteArray("\xFE\xFF\x94\xE3\0\r\0\n\0\t\x94\xE3", 12)).messages, "");
   EXPECT_EQ(Run("export", {file_}).messages, "");
   QFile file(file_);
   EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-  EXPECT_EQ(file.readAll().toStdString(), outline + "铣削\n\t立铣\n");
+  EXPECT_EQ(file.readAll().toStdString(), outline + "铣削\n\t立铣\n铣\n\t铣\n");
   EXPECT_THAT(Words(connection_), testing::HasSubstr("|3|2|留 1 mm 余量\n"));
   // An export that fails leaves the file as it was.
   Execute("drop table Items");
@@ -105,20 +109,19 @@ TEST_P(AdminTest, TheSampleLibraryComesBackByteForByte) {
 TEST_P(AdminTest, ARefusedFileLeavesTheLibraryAsItWas) {
   ASSERT_EQ(Import("车削\n\t粗车\n").messages, "");
   const std::string before = Library();
-  const struct {
-    std::string outline;
-    int line;
-  } kCases[] = {{"铣削\n\t立铣\n车削\n", 3},       {"铣削\n\t立铣\n铣削\n", 3},
-                {"铣削\n\t立铣\n\t\t立铣\n", 3},   {"\t立铣\n", 1},
-                {"铣削\n\t\t立铣\n", 2},           {"铣削\n\n", 2},
-                {"铣削\n\t立\xE9\x93\n", 2},       {"铣削\n\t立铣\\x\n", 2},
-                {"铣削\n\t\\ud842\n", 2},          {"铣削\n\t立\t铣\n", 2},
-                {"铣削\n\t" + kLongest + "x\n", 2}};
-  for (const auto& [outline, line] : kCases) {
-    EXPECT_THAT(Import(QByteArray::fromStdString(outline)).messages,
-                testing::StartsWith("hcwordlib-admin: 第 " + std::to_string(line) + " 行："));
-    EXPECT_EQ(Library(), before) << outline;
+  const std::string faulty =
+      "\t立铣\n铣削\n\t\t\t立铣\n\t\t\t\t平铣\n\n\t立\xE9\x93\n\t立铣\\x\n\t\\ud842\n\t立\t铣\n\t" +
+      kLongest + "x\n\t\t平铣\n车削\n铣削\n" + std::string(41, '\n') + "甲";
+  const std::string messages = Import(QByteArray::fromStdString(faulty)).messages;
+  std::string lines;
+  static const std::regex kLine("第 ([0-9]+) 行：");
+  for (std::sregex_iterator line(messages.begin(), messages.end(), kLine), end; line != end;
+       ++line) {
+    lines += line->str(1) + ' ';
   }
+  EXPECT_THAT(lines, testing::StartsWith("1 3 5 6 7 8 9 10 11 12 13 14 ")) << messages;
+  EXPECT_THAT(messages, testing::EndsWith("第 52 行：没有名称；空名称写作 \\e。\n另有 2 处。\n"));
+  EXPECT_EQ(Library(), before);
   // What only the database refuses is taken back with all that was stored before it.
   Execute("create unique index OneOfANumber on Items (ID)");
   EXPECT_THAT(Import("铣削\n\t立铣\n").messages, testing::StartsWith("hcwordlib-admin: 第 2 行："));
@@ -126,6 +129,19 @@ TEST_P(AdminTest, ARefusedFileLeavesTheLibraryAsItWas) {
   // What is wrong with the database is not told of a line.
   Execute("drop table Items");
   EXPECT_THAT(Import("铣削\n\t立铣\n").messages, testing::Not(testing::HasSubstr("行：")));
+}
+
+TEST_P(AdminTest, NamesGivenTwiceAreLeftOutOrNumbered) {
+  const char outline[] =
+      "车削\n\t甲\n铣削\n\t立铣\n\t\t立铣\n\t\t\t乙\n\t立铣2\n\t立铣\n铣削\n\t丙\n\t\t丁\n";
+  ASSERT_EQ(Import("车削\n\t粗车\n").messages, "");
+  EXPECT_EQ(Import(outline, "skip").messages, "");
+  EXPECT_EQ(Run("export").output, "车削\n\t粗车\n铣削\n\t立铣\n\t立铣2\n");
+  EXPECT_THAT(Import(outline, "number").output,
+              testing::HasSubstr("第 3 行：词句库中已有分类条目“铣削”，改名为“铣削2”。\n"));
+  EXPECT_THAT(Run("export").output,
+              testing::EndsWith("车削2\n\t甲\n铣削2\n\t立铣\n\t\t立铣3\n\t\t\t乙\n\t立铣2\n\t立铣4"
+                                "\n铣削3\n\t丙\n\t\t丁\n"));
 }
 
 TEST_P(AdminTest, WordsWithoutAPlaceAndEqualNamesAreReportedAndTheRestIsExported) {

@@ -4,7 +4,6 @@
 #include "connection.h"
 
 #include "database_error.h"
-#include "fault_injection.h"
 #include "odbc_connection.h"
 
 #include <langinfo.h>
@@ -61,30 +60,15 @@ OdbcHandle OdbcConnection::NewStatement() const {
   return statement;
 }
 
-void OdbcConnection::SetAutocommit(bool on) {
-  handle.Check(SQLSetConnectAttr(handle.Get(), SQL_ATTR_AUTOCOMMIT,
-                                 AsOdbcPointer(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0));
-}
-
-void OdbcConnection::EndTransaction(SQLSMALLINT how) {
-  RequireOpen();
-  if (!inTransaction) throw DatabaseError(QStringLiteral("没有已经开始的事务。"));
-  handle.Check(SQLEndTran(SQL_HANDLE_DBC, handle.Get(), how));
-  inTransaction = false;
-  SetAutocommit(true);
+void OdbcConnection::Run(QByteArray statement) const {
+  const OdbcHandle hstmt = NewStatement();
+  hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(statement), SQL_NTS));
 }
 
 void OdbcConnection::Disconnect() {
   const OdbcHandle oldEnvironment = std::move(environment);
   const OdbcHandle oldHandle = std::move(handle);
-  if (std::exchange(inTransaction, false)) {
-    try {
-      oldHandle.Check(SQLEndTran(SQL_HANDLE_DBC, oldHandle.Get(), SQL_ROLLBACK));
-    } catch (const DatabaseError&) {
-      SQLDisconnect(oldHandle.Get());
-      throw;
-    }
-  }
+  inTransaction = false;
   oldHandle.Check(SQLDisconnect(oldHandle.Get()));
 }
 
@@ -134,11 +118,7 @@ void Connection::Open(const QString& user, const QString& password) {
     impl_->handle.Check(SQLGetInfo(impl_->handle.Get(), SQL_DBMS_NAME, name, sizeof name, nullptr));
     impl_->engineName = QString::fromUtf8(name);
     impl_->dialect = &DialectOf(impl_->engineName);
-    for (const char* statement : impl_->dialect->sessionStatements) {
-      QByteArray sessionText(statement);
-      const OdbcHandle hstmt = impl_->NewStatement();
-      hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(sessionText), SQL_NTS));
-    }
+    for (const char* statement : impl_->dialect->sessionStatements) impl_->Run(statement);
   } catch (...) {
     SQLDisconnect(impl_->handle.Get());
     impl_->handle = OdbcHandle();
@@ -157,28 +137,12 @@ void Connection::Close() {
 
 void Connection::Execute(const QString& statement) {
   impl_->RequireOpen();
-  TakeDatabaseStep();
-  QByteArray text = WithoutDeleteStar(statement).toUtf8();
-  const OdbcHandle hstmt = impl_->NewStatement();
-  ++impl_->changes;
-  hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(text), SQL_NTS));
+  impl_->TakeStep();
+  impl_->Run(WithoutDeleteStar(statement).toUtf8());
 }
 
-void Connection::BeginTransaction() {
-  impl_->RequireOpen();
-  if (impl_->inTransaction) throw DatabaseError(QStringLiteral("事务已经开始。"));
-  impl_->SetAutocommit(false);
-  impl_->inTransaction = true;
-}
-
-void Connection::CommitTransaction() {
-  impl_->RequireOpen();
-  TakeDatabaseStep();
-  impl_->EndTransaction(SQL_COMMIT);
-}
-
-void Connection::RollbackTransaction() {
-  impl_->EndTransaction(SQL_ROLLBACK);
+void Connection::SetStepHook(std::function<void()> hook) {
+  impl_->stepHook = std::move(hook);
 }
 
 QString Connection::EngineName() const {

@@ -5,13 +5,14 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class Recordset;
 struct OdbcConnection;
 
-// A connection to a database through ODBC. Every statement takes effect at once unless a
-// transaction was begun. All failures are raised as DatabaseError.
+// A connection to a database through ODBC. Every statement takes effect at once unless there is a
+// Transaction. All failures are raised as DatabaseError.
 class Connection {
  public:
   Connection();
@@ -36,15 +37,17 @@ class Connection {
   // "delete * from T" is accepted on every engine.
   void Execute(const QString& statement);
 
-  // From here on, statements take effect together at CommitTransaction.
-  void BeginTransaction();
-  void CommitTransaction();
-  void RollbackTransaction();
+  // Lets a test make the database fail: `hook` runs at the beginning of each step, and what it
+  // raises is the step's failure. A step is the execution of a statement, the storing of a new row,
+  // the opening of a record set, the asking for a new row's number or a commit. An empty one is
+  // none.
+  void SetStepHook(std::function<void()> hook);
 
   // The engine's name as its driver reports it, for instance "SQLite" or "PostgreSQL".
   QString EngineName() const;
 
  private:
   friend class Recordset;
+  friend class Transaction;
   std::unique_ptr<OdbcConnection> impl_;
 };

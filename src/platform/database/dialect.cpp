@@ -13,10 +13,10 @@ constexpr const char* kMariaDbSession[] = {
     "set sql_mode = concat(@@sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_TRANS_TABLES')",
     "set innodb_lock_wait_timeout = 10, lock_wait_timeout = 10"};
 
-constexpr Dialect kSqlite = {{}, "select last_insert_rowid()"};
-constexpr Dialect kPostgreSql = {kPostgreSqlSession, "select lastval()"};
-constexpr Dialect kMariaDb = {kMariaDbSession, "select last_insert_id()"};
-constexpr Dialect kGeneric = {{}, nullptr};
+constexpr Dialect kSqlite = {{}, "begin immediate", "select last_insert_rowid()"};
+constexpr Dialect kPostgreSql = {kPostgreSqlSession, "begin", "select lastval()"};
+constexpr Dialect kMariaDb = {kMariaDbSession, "begin", "select last_insert_id()"};
+constexpr Dialect kGeneric = {{}, "begin", nullptr};
 
 }  // namespace
 
@@ -28,6 +28,10 @@ const Dialect& DialectOf(const QString& dbmsName) {
   if (named("PostgreSQL")) return kPostgreSql;
   if (named("MariaDB") || named("MySQL")) return kMariaDb;
   return kGeneric;
+}
+
+QString Quoted(QString text) {
+  return u'\'' + text.replace(u'\'', QLatin1String("''")) + u'\'';
 }
 
 QString WithoutDeleteStar(const QString& statement) {

@@ -12,6 +12,8 @@ struct Dialect {
   // Sent right after connecting: a text between single quotes is literal but for doubled single
   // quotes, and nothing waits for another user for more than 10 seconds.
   std::span<const char* const> sessionStatements;
+  // Begins a transaction that no other writer can make fail later on.
+  const char* beginToWrite;
   // Asks for the number that the database gave to the row stored last on the same connection.
   // Null where none is known.
   const char* identityStatement;
@@ -19,6 +21,9 @@ struct Dialect {
 
 // The dialect of the engine that its driver calls `dbmsName`.
 const Dialect& DialectOf(const QString& dbmsName);
+
+// `text` as it stands in a statement.
+QString Quoted(QString text);
 
 // `statement` as every engine takes it: "delete * from T" becomes "delete from T".
 QString WithoutDeleteStar(const QString& statement);

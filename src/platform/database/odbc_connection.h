@@ -17,13 +17,16 @@ struct OdbcConnection {
   OdbcHandle environment;
   OdbcHandle handle;
   bool inTransaction = false;
-  // Counts the statements that may have changed rows.
-  quint64 changes = 0;
+
+  std::function<void()> stepHook;
 
   void RequireOpen() const;
+  void TakeStep() const {
+    if (stepHook) stepHook();
+  }
   OdbcHandle NewStatement() const;
-  void SetAutocommit(bool on);
-  void EndTransaction(SQLSMALLINT how);
+  // Runs a statement that yields no rows.
+  void Run(QByteArray statement) const;
   // Disconnects and throws the handles away, whatever the driver says; tells what it said.
   void Disconnect();
 };

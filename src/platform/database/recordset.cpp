@@ -4,7 +4,6 @@
 #include "recordset.h"
 
 #include "database_error.h"
-#include "fault_injection.h"
 #include "find_index.h"
 #include "insert_statement.h"
 #include "odbc_connection.h"
@@ -12,7 +11,6 @@
 
 #include <QRegularExpression>
 
-#include <algorithm>
 #include <limits>
 
 namespace {
@@ -23,7 +21,7 @@ RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement,
                    const QByteArrayList& columns = {}) {
   // Enough for nearly every name; when it is not, the statement is run again.
   constexpr size_t kTextBytes = 1024;
-  TakeDatabaseStep();
+  connection.TakeStep();
   QByteArray text = statement.toUtf8();
   RowBuffer rows;
   for (size_t textBytes = kTextBytes; textBytes != 0;) {
@@ -55,13 +53,6 @@ QString TableOf(const QString& statement) {
 }  // namespace
 
 struct Recordset::Impl {
-  // A number that the database gave to a stored row and that nobody has asked for yet.
-  struct Unasked {
-    size_t row;
-    size_t column;
-    quint64 changes;
-  };
-
   LockType lockType = LockType::kUnspecified;
 
   OdbcConnection* connection = nullptr;  // null while closed
@@ -75,7 +66,6 @@ struct Recordset::Impl {
   bool adding = false;
   NewRow newRow;
   InsertStatement insert;
-  std::vector<Unasked> unasked;
 
   void RequireOpen() const;
   // Between AddNew and Update there is nothing to do but to fill in the row.
@@ -84,7 +74,8 @@ struct Recordset::Impl {
     if (adding || current >= rows.RowCount()) FailWithoutCurrentRow();
   }
   [[noreturn]] void FailWithoutCurrentRow() const;
-  void Ask(size_t column);
+  // The number that the database has given to the row just stored, which stands in `column`.
+  qint64 GivenNumber(size_t column) const;
 };
 
 void Recordset::Impl::RequireOpen() const {
@@ -102,25 +93,13 @@ void Recordset::Impl::FailWithoutCurrentRow() const {
   throw DatabaseError(QStringLiteral("没有当前记录。"));
 }
 
-// If the current row's number in `column` was left to the database, asks for it.
-void Recordset::Impl::Ask(size_t column) {
-  const auto found = std::find_if(unasked.begin(), unasked.end(), [&](const Unasked& u) {
-    return u.row == current && u.column == column;
-  });
-  if (found == unasked.end()) return;
-  connection->RequireOpen();
+qint64 Recordset::Impl::GivenNumber(size_t column) const {
   const char* identityStatement = connection->dialect->identityStatement;
-  if (identityStatement != nullptr && found->changes != connection->changes) {
-    throw DatabaseError(QStringLiteral("数据库为该记录分配的编号已经无法取得。"));
-  }
   const RowBuffer answer =
       ReadRows(*connection,
                identityStatement != nullptr ? QString::fromLatin1(identityStatement) : statement);
   if (answer.RowCount() == 0) throw DatabaseError(QStringLiteral("数据库没有给出新记录的编号。"));
-  rows.SetNumber(
-      column, current,
-      IntegerAt(answer, identityStatement != nullptr ? 0 : column, answer.RowCount() - 1));
-  unasked.erase(found);
+  return IntegerAt(answer, identityStatement != nullptr ? 0 : column, answer.RowCount() - 1);
 }
 
 Recordset::Recordset() : impl_(std::make_unique<Impl>()) {}
@@ -205,7 +184,6 @@ size_t Recordset::ColumnOf(const char* name) const {
 
 qint32 Recordset::FieldInteger(size_t column) const {
   impl_->RequireCurrentRow();
-  if (!impl_->unasked.empty()) impl_->Ask(column);
   const qint64 number = IntegerAt(impl_->rows, column, impl_->current);
   if (number < std::numeric_limits<qint32>::min() || number > std::numeric_limits<qint32>::max()) {
     throw DatabaseError(QStringLiteral("字段“%1”的值 %2 超出 32 位整数的范围。")
@@ -218,7 +196,6 @@ qint32 Recordset::FieldInteger(size_t column) const {
 QString Recordset::FieldText(size_t column) const {
   impl_->RequireCurrentRow();
   if (impl_->rows.IsText(column)) return impl_->rows.Text(column, impl_->current).toString();
-  if (!impl_->unasked.empty()) impl_->Ask(column);
   return QString::number(impl_->rows.Number(column, impl_->current));
 }
 
@@ -256,22 +233,26 @@ void Recordset::Update() {
   if (!impl_->adding) throw DatabaseError(QStringLiteral("没有正在添加的记录。"));
   impl_->adding = false;
   impl_->connection->RequireOpen();
-  TakeDatabaseStep();
-  const quint64 changes = ++impl_->connection->changes;
-  impl_->insert.Run(*impl_->connection, impl_->table, impl_->rows, impl_->newRow);
-
+  impl_->connection->TakeStep();
   RowBuffer& rows = impl_->rows;
-  const size_t row = rows.RowCount();
+  impl_->insert.Run(*impl_->connection, impl_->table, rows, impl_->newRow);
+
+  // What can fail comes before the record set changes.
+  std::vector<qint64> numbers(rows.ColumnCount());
   for (size_t column = 0; column < rows.ColumnCount(); ++column) {
+    if (rows.IsText(column)) continue;
     const std::optional<FieldValue>& value = impl_->newRow[column];
+    numbers[column] = value ? std::get<qint32>(*value) : impl_->GivenNumber(column);
+  }
+  impl_->current = rows.RowCount();
+  for (size_t column = 0; column < rows.ColumnCount(); ++column) {
     if (rows.IsText(column)) {
+      const std::optional<FieldValue>& value = impl_->newRow[column];
       rows.AppendText(column, value ? std::get<QString>(*value) : QString());
     } else {
-      rows.AppendNumber(column, value ? std::get<qint32>(*value) : 0);
-      if (!value) impl_->unasked.push_back({row, column, changes});
+      rows.AppendNumber(column, numbers[column]);
     }
   }
   rows.EndRow();
   impl_->findIndex.Clear();
-  impl_->current = row;
 }

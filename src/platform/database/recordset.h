@@ -12,8 +12,8 @@
 
 class Connection;
 
-// How much of what others change an open record set would show. Since its rows are read when it is
-// opened, all types are served alike.
+// How much of what others change an open record set would show. A caller says what it needs; since
+// all rows are read when a record set is opened, every type is served alike, and none is kept.
 enum class CursorType { kKeyset = 1, kDynamic = 2, kStatic = 3 };
 enum class LockType { kUnspecified = -1, kReadOnly = 1, kOptimistic = 3 };
 
@@ -31,8 +31,8 @@ class Recordset {
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
-  // Used by the next Open where that leaves them out. At first: static, unspecified.
   void SetCursorType(CursorType cursorType);
+  // Used by the next Open where that leaves it out. At first unspecified.
   void SetLockType(LockType lockType);
 
   // Runs `statement` on `connection`, which must outlive the record set, and stands on the first
@@ -76,10 +76,10 @@ class Recordset {
   QStringView FieldView(size_t column) const;
 
   // AddNew begins a row, SetField fills it in, Update stores it; in between there is no current
-  // row. The new row is then the record set's last and current row. A number that was not set reads
-  // as the one that the database gave to this very row; it can be asked for until the next change
-  // is made on the same connection. Fails with the lock read-only. When Update fails, nothing is
-  // stored and the record set stands where it stood before AddNew.
+  // row. The new row is then the record set's last and current row; a number that was not set reads
+  // as the one that the database gave to this very row. Fails with the lock read-only. When Update
+  // fails, the record set stands where it stood before AddNew, and nothing is stored unless the
+  // number could not be told.
   void AddNew();
   void SetField(const char* name, FieldValue value);
   void Update();

@@ -39,9 +39,6 @@ class RowBuffer {
   void AppendNumber(size_t column, qint64 number) { columns_[column].numbers.push_back(number); }
   void AppendText(size_t column, QStringView text);
   void EndRow() { ++rowCount_; }
-  void SetNumber(size_t column, size_t row, qint64 number) {
-    columns_[column].numbers[row] = number;
-  }
 
  private:
   struct Column {

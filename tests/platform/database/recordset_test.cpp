@@ -3,9 +3,11 @@
 
 #include "recordset.h"
 
+#include "bulk_writer.h"
 #include "database_error.h"
 #include "engines.h"
 #include "rows.h"
+#include "transaction.h"
 
 #include <QElapsedTimer>
 #include <QTcpServer>
@@ -168,6 +170,50 @@ TEST_P(RecordsetTest, ErrorsSayWhatTheDriverSays) {
   EXPECT_FALSE(connection_.IsOpen());
 }
 
+// Far more text than a statement takes, and rows for several.
+TEST_P(RecordsetTest, BulkRowsAreStoredUpToTheOneThatIsRefused) {
+  Transaction transaction(connection_, Transaction::Use::kWrite);
+  BulkWriter rows(connection_, QStringLiteral("Items"),
+                  QStringLiteral("SortID,ID,FatherID,NodeName"));
+  std::string stored;
+  for (qint32 id = 1; id <= 300; ++id) {
+    const QString name = QStringLiteral("'\\?%1").arg(id) + QString(id % 4 == 0 ? 3990 : 0, u'词');
+    rows.Add({1, id, id - 1, name});
+    stored += name.toStdString() + '\n';
+  }
+  rows.Finish();
+  EXPECT_EQ(StoredNames(), stored);
+  for (qint32 id = 301; id <= 310; ++id) rows.Add({1, id == 307 ? 5 : id, 0, QString()});
+  EXPECT_THROW(rows.Finish(), DatabaseError);
+  EXPECT_EQ(rows.StoredRows(), 306);
+}
+
+TEST_P(RecordsetTest, WhatIsNotCommittedIsTakenBack) {
+  const auto store = [this](int gid) {
+    connection_.Execute(
+        QStringLiteral("insert into Dictionary (GID,SortName,Position) values (%1,'',0)").arg(gid));
+  };
+  {
+    Transaction kept(connection_, Transaction::Use::kWrite);
+    EXPECT_THROW(Transaction(connection_, Transaction::Use::kRead), DatabaseError);
+    store(1);
+    kept.Commit();
+    store(2);
+    Transaction refused(connection_, Transaction::Use::kWrite);
+    store(3);
+    refused.Rollback();
+    store(4);
+    const Transaction left(connection_, Transaction::Use::kRead);
+    store(5);
+  }
+  Transaction lost(connection_, Transaction::Use::kWrite);
+  store(6);
+  connection_.Close();
+  EXPECT_THROW(lost.Commit(), DatabaseError);
+  connection_.Open();
+  EXPECT_EQ(Categories(connection_), "1||0\n2||0\n4||0\n");
+}
+
 // Takes its time: 10 seconds for another user's lock, 15 for a server that takes a call and is
 // silent.
 TEST_P(RecordsetTest, WaitsForOthersAndForServersNoLongerThanItSays) {
@@ -193,7 +239,7 @@ TEST_P(RecordsetTest, WaitsForOthersAndForServersNoLongerThanItSays) {
   Connection other;
   other.SetConnectionString(ConnectionStringOf(GetParam()));
   other.Open();
-  other.BeginTransaction();
+  const Transaction transaction(other, Transaction::Use::kWrite);
   const QString insert =
       QStringLiteral("insert into Dictionary (GID,SortName,Position) values (1,'x',1)");
   other.Execute(insert);

@@ -3,7 +3,7 @@
 
 #include "main_window.h"
 
-#include "fault_injection.h"
+#include "failing_step.h"
 #include "rows.h"
 #include "shared_objects.h"
 
@@ -27,10 +27,10 @@ class FaultsTest : public MainWindowTest {
     OpenWindow();
     Click(path);
     AnswerNext("是");
-    FailDatabaseStep(n);
+    const auto stepsLeft = FailStep(TheConn(), n);
     PressButton(button);
-    const bool failed = !IsDatabaseFaultPending();
-    FailDatabaseStep(0);
+    const bool failed = *stepsLeft <= 0;
+    TheConn().SetStepHook({});
     EXPECT_TRUE(Find<QToolButton>(button)->isEnabled());
     EXPECT_EQ(QToolTip::text().contains(QStringLiteral("injected fault")), failed);
     QToolTip::hideText();
