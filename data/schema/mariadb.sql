@@ -28,3 +28,23 @@ create table GUIDLists (
   GUIDField4 int not null,
   ID int not null auto_increment primary key
 ) engine=InnoDB;
+
+-- A category takes its words with it.
+create trigger DictionaryDeleted after delete on Dictionary for each row
+delete from Items where SortID = old.GID;
+
+-- No word without its category and, where it has one, its parent word. These are locked, so that
+-- whoever deletes one of them at the same moment is waited for and keeps waiting.
+create trigger ItemsInserted before insert on Items for each row
+begin
+  declare found int;
+  select max(GID) into found from Dictionary where GID = new.SortID lock in share mode;
+  if found is not null and new.FatherID <> 0 then
+    select max(ID) into found from Items where SortID = new.SortID and ID = new.FatherID
+      lock in share mode;
+  end if;
+  if found is null then
+    signal sqlstate '23000' set
+      message_text = '分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。';
+  end if;
+end;

@@ -30,3 +30,37 @@ create table GUIDLists (
   GUIDField4 integer not null,
   ID integer generated always as identity primary key
 );
+
+-- A category takes its words with it.
+create or replace function DictionaryDeleted() returns trigger language plpgsql as $$
+begin
+  delete from Items where SortID = old.GID;
+  return null;
+end $$;
+
+create trigger DictionaryDeleted after delete on Dictionary
+for each row execute procedure DictionaryDeleted();
+
+-- No word without its category and, where it has one, its parent word. These are locked first, so
+-- that whoever deletes one of them at the same moment is waited for and keeps waiting; then the
+-- statement after that sees what is left.
+create or replace function ItemsInserted() returns trigger language plpgsql as $$
+begin
+  perform 1 from Dictionary where GID in (select SortID from Added) for key share;
+  perform 1 from Items
+    where (SortID, ID) in (select SortID, FatherID from Added where FatherID <> 0)
+    for key share;
+  if exists (
+    select 1 from Added
+    where SortID not in (select GID from Dictionary)
+      or FatherID <> 0 and not exists (
+        select 1 from Items where Items.SortID = Added.SortID and Items.ID = Added.FatherID)
+  ) then
+    raise exception using errcode = 'foreign_key_violation',
+      message = '分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。';
+  end if;
+  return null;
+end $$;
+
+create trigger ItemsInserted after insert on Items referencing new table as Added
+for each statement execute procedure ItemsInserted();

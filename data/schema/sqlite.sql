@@ -31,3 +31,17 @@ create table GUIDLists (
   GUIDField4 integer not null,
   ID integer primary key autoincrement
 ) strict;
+
+-- A category takes its words with it.
+create trigger DictionaryDeleted after delete on Dictionary begin
+  delete from Items where SortID = old.GID;
+end;
+
+-- No word without its category and, where it has one, its parent word. Writers take turns.
+create trigger ItemsInserted before insert on Items
+when not exists (select 1 from Dictionary where GID = new.SortID)
+  or new.FatherID <> 0
+    and not exists (select 1 from Items where SortID = new.SortID and ID = new.FatherID)
+begin
+  select raise(abort, '分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。');
+end;

@@ -33,6 +33,7 @@ class EditWordsFuncsTest : public EngineTest {
                         rows);
   }
   void StoreWords(const QString& rows) {
+    DropGuards();
     connection_.Execute(QStringLiteral("insert into Items (SortID,ID,FatherID,NodeName) values ") +
                         rows);
   }

@@ -8,6 +8,7 @@
 #include "failing_step.h"
 #include "rows.h"
 #include "statements.h"
+#include "transaction.h"
 
 #include <gmock/gmock.h>
 #include <algorithm>
@@ -93,6 +94,56 @@ TEST_P(DataBaseFuncsTest, NumbersAndChangesStayWithinTheirCategory) {
   EXPECT_TRUE(funcs_.DeleteItem(kCategory, -5));
   EXPECT_EQ(Categories(connection_), "5|乙|2\n");
   EXPECT_EQ(Words(connection_), rest);
+}
+
+TEST_P(DataBaseFuncsTest, NoWordIsStoredWithoutItsCategoryAndItsParent) {
+  const qint32 category = AddCategory(QStringLiteral("车削"));
+  for (qint32 parent = 0; parent < 3; ++parent) AddWord(QStringLiteral("词"), category, parent);
+  Connection other;
+  other.SetConnectionString(ConnectionStringOf(GetParam()) + QStringLiteral(";Timeout=1"));
+  other.Open();
+  const std::string engine = GetParam().name;
+  if (engine == "postgresql") other.Execute(QStringLiteral("set lock_timeout to 1"));
+  if (engine == "mariadb") other.Execute(QStringLiteral("set innodb_lock_wait_timeout = 0"));
+  DataBaseFuncs others(other);
+  const auto refused = [](const auto& work) {
+    try {
+      work();
+    } catch (const DatabaseError& error) {
+      return error.Description();
+    }
+    return QString();
+  };
+  const auto addByOther = [&](qint32 parent) {
+    qint32 id = 0;
+    return refused([&] { others.AddItem(QStringLiteral("新加词"), category, id, parent); });
+  };
+  const QString why = QStringLiteral(
+      "分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。");
+  // What is being deleted is waited for, and then it is gone.
+  const auto deleteAtOnce = [&](qint32 what, qint32 id, qint32 parent) {
+    Transaction transaction(connection_, Transaction::Use::kWrite);
+    funcs_.DeleteItem(what, category, id);
+    EXPECT_THAT(addByOther(parent), testing::AllOf(testing::Ne(QString()), testing::Ne(why)));
+    transaction.Commit();
+    EXPECT_EQ(addByOther(parent), why);
+  };
+  const std::string gid = std::to_string(category);
+  deleteAtOnce(kWord, 2, 2);
+  EXPECT_EQ(Words(connection_), gid + "|1|0|词\n" + gid + "|3|2|词\n");
+  {
+    Transaction transaction(connection_, Transaction::Use::kWrite);
+    AddWord(QStringLiteral("四"), category, 3);
+    EXPECT_NE(refused([&] { other.Execute(Statement::DeleteCategory(category)); }), QString());
+    EXPECT_NE(refused([&] { others.DeleteItem(kWord, category, 3); }), QString());
+    transaction.Commit();
+  }
+  deleteAtOnce(kCategory, 0, 0);
+  EXPECT_EQ(Words(connection_), "");
+  const qint32 next = AddCategory(QStringLiteral("铣削"));
+  AddWord(QStringLiteral("词"), next, 0);
+  other.Execute(Statement::DeleteCategory(next));  // takes its words along
+  EXPECT_EQ(Words(connection_), "");
 }
 
 TEST_P(DataBaseFuncsTest, AFaultInAnyStepChangesNothingBehindIt) {

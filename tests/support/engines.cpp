@@ -8,6 +8,7 @@
 #include <QFile>
 
 #include <stdexcept>
+#include <string_view>
 
 QString ConnectionStringOf(const Engine& engine) {
   const QString source = qEnvironmentVariable(engine.variable);
@@ -35,4 +36,10 @@ void EngineTest::SetUp() {
   connection_.SetConnectionString(connectionString);
   connection_.Open();
   MakeEmptyLibrary(GetParam(), connection_);
+}
+
+void EngineTest::DropGuards() {
+  const bool isPostgreSql = std::string_view(GetParam().name) == "postgresql";
+  connection_.Execute(QStringLiteral("drop trigger if exists ItemsInserted") +
+                      QLatin1String(isPostgreSql ? " on Items" : ""));
 }

@@ -41,6 +41,9 @@ class EngineTest : public testing::TestWithParam<Engine> {
  protected:
   // Skips the test when the engine's data source is not there.
   void SetUp() override;
+  // From here on the tables take words without a category or a parent word, as those do that were
+  // made by other means.
+  void DropGuards();
 
   Connection connection_;
 };

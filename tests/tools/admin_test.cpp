@@ -145,6 +145,7 @@ TEST_P(AdminTest, NamesGivenTwiceAreLeftOutOrNumbered) {
 }
 
 TEST_P(AdminTest, WordsWithoutAPlaceAndEqualNamesAreReportedAndTheRestIsExported) {
+  DropGuards();
   Execute("insert into Dictionary (GID,SortName,Position) values (-5,'甲',1),(-4,'甲',2)");
   Execute(
       "insert into Items (SortID,ID,FatherID,NodeName) values (-5,1,4,'父在后'),(-5,2,9,'无父'),"

@@ -6,6 +6,7 @@
 #include "database_error.h"
 
 #include <QByteArray>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -15,15 +16,14 @@ namespace {
 // Some drivers answer every record number with the same record.
 constexpr SQLSMALLINT kMostRecords = 8;
 
-// "[vendor][driver]text" without the names in brackets.
-QString WithoutPrefixes(const QString& message) {
-  qsizetype start = 0;
-  while (start < message.size() && message[start] == u'[') {
-    const qsizetype end = message.indexOf(u']', start);
-    if (end < 0) break;
-    start = end + 1;
-  }
-  const QString text = message.mid(start).trimmed();
+// What the engine itself says, without what drivers put around it: names in brackets, and
+// "ERROR: ...;\nError while executing the query" or the code in "... (19)".
+QString EngineText(const QString& message) {
+  static const QRegularExpression kForm(
+      QStringLiteral("\\A(?:\\[[^\\]]*\\])*\\s*(?:ERROR: )?(.*?)"
+                     "(?:;\\nError while executing the query| \\(\\d+\\))?\\s*\\z"),
+      QRegularExpression::DotMatchesEverythingOption);
+  const QString text = kForm.match(message).captured(1);
   return text.isEmpty() ? message : text;
 }
 
@@ -59,7 +59,7 @@ void OdbcHandle::Fail() const {
       sqlState = QString::fromLatin1(reinterpret_cast<const char*>(state));
       nativeCode = code;
     }
-    const QString message = WithoutPrefixes(QString::fromUtf8(reinterpret_cast<const char*>(text)));
+    const QString message = EngineText(QString::fromUtf8(reinterpret_cast<const char*>(text)));
     if (message.isEmpty() || messages.contains(message)) break;
     messages += message;
   }

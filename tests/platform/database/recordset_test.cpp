@@ -19,6 +19,7 @@ namespace {
 class RecordsetTest : public EngineTest {
  protected:
   void OpenForAdding(Recordset& set, const char* statement) {
+    DropGuards();
     set.Open(QString::fromUtf8(statement), connection_, CursorType::kDynamic,
              LockType::kOptimistic);
   }
@@ -172,7 +173,8 @@ TEST_P(RecordsetTest, ErrorsSayWhatTheDriverSays) {
 
 // Far more text than a statement takes, and rows for several.
 TEST_P(RecordsetTest, BulkRowsAreStoredUpToTheOneThatIsRefused) {
-  Transaction transaction(connection_, Transaction::Use::kWrite);
+  DropGuards();
+  const Transaction transaction(connection_, Transaction::Use::kWrite);
   BulkWriter rows(connection_, QStringLiteral("Items"),
                   QStringLiteral("SortID,ID,FatherID,NodeName"));
   std::string stored;
