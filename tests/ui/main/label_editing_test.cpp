@@ -8,6 +8,7 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QTimer>
 #include <QToolTip>
 
 namespace {
