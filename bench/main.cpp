@@ -56,7 +56,7 @@ void MeasureStart(const QString& program, Report& report) {
     processor = std::min(processor, result->processorMilliseconds);
     peak = std::max(peak, result->peakMegabytes);
   }
-  report.Add(QStringLiteral("start until the library is shown, of a bare read"), start / bound, 2,
+  report.Add(QStringLiteral("start until the library is shown, of a bare read"), start / bound, 1.5,
              QStringLiteral("x"));
   report.Note(QStringLiteral("%1 ms, %2 ms of them at work in the process; 665,245 words")
                   .arg(start, 0, 'f', 0)
@@ -67,7 +67,7 @@ void MeasureStart(const QString& program, Report& report) {
   report.Note(QStringLiteral("bare read by SQLGetData, row by row: %1 ms, so %2 x")
                   .arg(byGetData, 0, 'f', 0)
                   .arg(start / byGetData, 0, 'f', 2));
-  report.Add(QStringLiteral("peak memory of that"), peak, 300, QStringLiteral("MB"));
+  report.Add(QStringLiteral("peak memory of that"), peak, 180, QStringLiteral("MB"));
 }
 
 }  // namespace

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The HCWordLib authors
+# SPDX-License-Identifier: MIT
+
 # What is installed, and the Debian package made of it (`cpack -G DEB` in the build folder).
 # Components that are loaded at run time install themselves where they are built.
 

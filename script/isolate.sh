@@ -1,4 +1,7 @@
 # shellcheck shell=bash
+# SPDX-FileCopyrightText: 2026 The HCWordLib authors
+# SPDX-License-Identifier: MIT
+#
 # Sourced by the scripts that test and measure: a home, settings, data sources and temporary files of
 # their own in one folder, $isolated, that goes with the script; nothing of the user's desktop shines
 # through. A script that has more to end defines its own end_more.

@@ -115,7 +115,7 @@ void AuditList(ListView& list) {
   for (int i = 1; i <= items.Count(); ++i) {
     const ListItem& item = items.Item(i);
     const ListPrpty& record = records.Item(item.Key());
-    const QString tag = item.Tag() == kCategoryTag ? QString() : kWordTag;
+    const EntryTag tag = item.Tag() == kCategoryTag ? EntryTag() : kWordTag;
     Require(
         record.NodeKey() == item.Key() && record.NodeName() == item.Text() && record.Tag() == tag,
         QStringLiteral("a list item's record tells otherwise: “%1”").arg(item.Text()));

@@ -79,6 +79,8 @@ class Session : public QObject {
   QPoint Middle(const QString& name, QPoint offset = {});
   EntryId IdOf(const Node& node) const;
   QString NastyText();
+  // What is being composed with an input method.
+  static QString Composed() { return QStringLiteral("组"); }
   void Tell(const QString& what);
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 

@@ -1,3 +1,6 @@
+-- SPDX-FileCopyrightText: 2026 The HCWordLib authors
+-- SPDX-License-Identifier: MIT
+
 -- The tables of a library in MariaDB (10.2.4 or later). utf8mb4_nopad_bin is the collation under
 -- which only equal texts are equal: case, width, accents and blanks at the end count. An index of
 -- names takes their first 255 characters.

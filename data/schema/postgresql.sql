@@ -1,3 +1,6 @@
+-- SPDX-FileCopyrightText: 2026 The HCWordLib authors
+-- SPDX-License-Identifier: MIT
+
 -- The tables of a library in PostgreSQL (10 or later), in a database with the encoding UTF8.
 -- Equal texts are equal byte by byte under every deterministic collation. The indexes of names are
 -- hash indexes because they hold names of any length.

@@ -1,3 +1,6 @@
+-- SPDX-FileCopyrightText: 2026 The HCWordLib authors
+-- SPDX-License-Identifier: MIT
+
 -- The tables of a library in SQLite (3.37 or later). A name is compared byte by byte.
 
 create table Dictionary (

@@ -7,6 +7,6 @@ class ImageList;
 class ListView;
 class TreeView;
 
-// Set up the two browsing controls with their pictures, which must outlive them.
+// Set up the two browsing controls with their pictures.
 void InitTreeView(TreeView& TheTree, const ImageList& TheImages);
 void InitListView(ListView& TheList, const ImageList& TheImages);

@@ -4,25 +4,19 @@
 #include "frm_main.h"
 
 #include "band_container.h"
-#include "com_func.h"
-#include "component.h"
-#include "connection.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "event_guard.h"
 #include "for_tree.h"
+#include "library.h"
 #include "list_view.h"
+#include "log.h"
 #include "message_box.h"
-#include "recordset.h"
 #include "settings.h"
 #include "shared_objects.h"
-#include "statements.h"
 #include "tree_view.h"
 
 #include <QCloseEvent>
-
-#include <cstdio>
-#include <memory>
 
 namespace {
 
@@ -41,10 +35,9 @@ void SaveGeometrySetting(const char* key, float value) {
 // For whoever looks after the database: which words could not be shown.
 void ReportSkippedWords(const QList<EditWordsFuncs::SkippedWord>& words) {
   if (words.isEmpty()) return;
-  std::fprintf(stderr, "hcwordlib: %lld 个词的上级不存在，未载入：\n",
-               static_cast<long long>(words.size()));
+  qCWarning(lcHCWordLib, "%lld 个词的上级不存在，未载入：", static_cast<long long>(words.size()));
   for (const EditWordsFuncs::SkippedWord& word : words) {
-    std::fprintf(stderr, "  SortID=%d ID=%d FatherID=%d\n", word.DictID, word.ID, word.FatherID);
+    qCWarning(lcHCWordLib, "  SortID=%d ID=%d FatherID=%d", word.DictID, word.ID, word.FatherID);
   }
 }
 
@@ -57,13 +50,10 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::CheckGUIDGen() {
-  try {
-    CreateComponent(QString::fromLatin1(kGUIDGenProgId));
-  } catch (const std::exception&) {
-    MsgBox(nullptr, QStringLiteral("发生致命错误，结束程序。"), MsgBoxButtons::kOkOnly,
-           MsgBoxIcon::kInformation);
-    EndProgram();
-  }
+  if (IsGeneratorThere()) return;
+  MsgBox(nullptr, QStringLiteral("发生致命错误，结束程序。"), MsgBoxButtons::kOkOnly,
+         MsgBoxIcon::kInformation);
+  EndProgram();
 }
 
 void frmMain::InitForm() {
@@ -81,21 +71,12 @@ void frmMain::InitForm() {
 
 void frmMain::LoadWordLib() {
   Node& root =
-      tvTreeView->Nodes().Add(QString(), Relationship::kChild, kRootKey, kAppTitle, kRootImage);
-  root.SetTag(kAppTitle);
+      tvTreeView->Nodes().Add(EntryKey(), Relationship::kChild, kRootKey, kAppTitle, kRootImage);
+  root.SetTag(kRootTag);
   tvTreeView->SetSelectedItem(root);
 
-  TheConn().SetConnectionString(QStringLiteral("DSN=HCWordLib"));
-  TheConn().Open(QString(), QString());
-
-  auto categories = std::make_unique<Recordset>();
-  categories->Open(Statement::SelectCategories(), TheConn(), CursorType::kKeyset,
-                   LockType::kUnspecified);
-  if (categories->IsEof()) return;
-  TheEditFuncs().OpenAddNodes(*tvTreeView, *categories);
-  tvTreeView->SetSelectedItem(root);
-  tvTreeView->SetExpanded(root, false);
-  CloseRecordset(categories);
+  OpenLibrary(TheConn());
+  TheEditFuncs().LoadCategories(*tvTreeView);
   ReportSkippedWords(TheEditFuncs().SkippedWords());
 }
 
@@ -112,7 +93,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::Form_QueryUnload() {
-  TheConn().Close();
+  CloseLibrary(TheConn());
   ReleaseSharedObjects();
 }
 

@@ -20,32 +20,41 @@
 EditWordsFuncs::EditWordsFuncs(Connection& connection, WordTree& wordTree)
     : connection_(connection), wordTree_(wordTree) {}
 
-QString EditWordsFuncs::AddNode(TreeView& TheTree, const QString& ParentKey,
-                                const QString& NodeText, qint32 NodeIcon, const QString& NodeTag,
-                                qint32 Visible) {
-  const CompactText key = AppendNode(TheTree.Nodes(), ParentKey, NodeText, NodeIcon, NodeTag);
+EntryKey EditWordsFuncs::AddNode(TreeView& TheTree, EntryKey ParentKey, const QString& NodeText,
+                                 qint32 NodeIcon, EntryTag NodeTag, qint32 Visible) {
+  const EntryKey key = AppendNode(TheTree.Nodes(), ParentKey, NodeText, NodeIcon, NodeTag);
   if (Visible == 1) {
     Node& node = TheTree.Nodes().Item(key);
     TheTree.SetSelectedItem(node);
     TheTree.EnsureVisible(node);
   }
-  return key.ToString();
+  return key;
 }
 
-CompactText EditWordsFuncs::AppendNode(TreeNodes& nodes, CompactText parentKey, QString text,
-                                       qint32 icon, CompactText tag) {
-  static const CompactText kKeys(QStringLiteral("TheItem"));
-  const CompactText key = kKeys.Numbered(TreeCount);
+EntryKey EditWordsFuncs::AppendNode(TreeNodes& nodes, EntryKey parentKey, SharedText text,
+                                    qint32 icon, EntryTag tag) {
   if (TreeCount == std::numeric_limits<qint32>::max()) throw Error(QStringLiteral("溢出"));
-  ++TreeCount;
+  const EntryKey key = EntryKey::Numbered(TreeCount++);
   nodes.Add(parentKey, Relationship::kChild, key, std::move(text), icon).SetTag(tag);
   return key;
 }
 
-QString EditWordsFuncs::AddListItem(ListView& TheList, const QString& NodeText, qint32 ListIcon,
-                                    const QString& ListTag, const QString& TheKey) {
+EntryKey EditWordsFuncs::AddListItem(ListView& TheList, const QString& NodeText, qint32 ListIcon,
+                                     EntryTag ListTag, EntryKey TheKey) {
   TheList.Items().Add(TheKey, NodeText, ListIcon, ListIcon).SetTag(ListTag);
   return TheKey;
+}
+
+void EditWordsFuncs::LoadCategories(TreeView& TheTree) {
+  auto categories = std::make_unique<Recordset>();
+  categories->Open(Statement::SelectCategories(), connection_, CursorType::kKeyset,
+                   LockType::kUnspecified);
+  if (categories->IsEof()) return;
+  OpenAddNodes(TheTree, *categories);
+  Node& root = TheTree.Nodes().Item(kRootKey);
+  TheTree.SetSelectedItem(root);
+  TheTree.SetExpanded(root, false);
+  CloseRecordset(categories);
 }
 
 bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
@@ -53,41 +62,41 @@ bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
   TheTable.MoveLast();
   const qint32 count = TheTable.RecordCount();
   TheTable.MoveFirst();
+  const TreeNodes::Loading loading(TheTree.Nodes());
   for (qint32 i = 0; i < count; ++i) {
     const qint32 gid = TheTable.FieldInteger("GID");
     const qint32 position = TheTable.FieldInteger("Position");
     const QString sortName = TheTable.FieldText("SortName");
-    const CompactText key =
+    const EntryKey key =
         AppendNode(TheTree.Nodes(), kRootKey, sortName, kCategoryImage, kCategoryTag);
-    wordTree_.colDictPrptys().Add(gid, position, key, sortName, CompactText(), key);
+    wordTree_.colDictPrptys().Add(gid, position, key, sortName, EntryTag(), key);
     TheTable.MoveNext();
     OpenFastAddWords(TheTree, key, 0, gid);
   }
   return true;
 }
 
-bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, CompactText ParentKey, qint32 /*ParentID*/,
+bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qint32 /*ParentID*/,
                                       qint32 DictID) {
   auto words = std::make_unique<Recordset>();
   words->Open(Statement::SelectWords(DictID), connection_, CursorType::kKeyset,
-              LockType::kUnspecified);
+              LockType::kUnspecified, {"ID", "FatherID", "NodeName"});
   if (words->IsEof()) return false;
   words->MoveLast();
   const qint32 count = words->RecordCount();
   words->MoveFirst();
   TreePrptys& records = wordTree_.colTreePrptys();
-  const CompactText tag(kWordTag);
   const size_t idColumn = words->ColumnOf("ID");
   const size_t fatherIdColumn = words->ColumnOf("FatherID");
   const size_t nodeNameColumn = words->ColumnOf("NodeName");
   for (qint32 i = 0; i < count; ++i) {
     const qint32 id = words->FieldInteger(idColumn);
     const qint32 fatherId = words->FieldInteger(fatherIdColumn);
-    QString nodeName = words->FieldText(nodeNameColumn);
-    CompactText parentKey = ParentKey;
+    SharedText nodeName(words->FieldView(nodeNameColumn));
+    EntryKey parentKey = ParentKey;
     if (fatherId == 0 || records.GetFatherKey(DictID, fatherId, parentKey)) {
-      const CompactText key = AppendNode(TheTree.Nodes(), parentKey, nodeName, kWordImage, tag);
-      records.Add(DictID, id, fatherId, std::move(nodeName), key, tag, parentKey, key);
+      const EntryKey key = AppendNode(TheTree.Nodes(), parentKey, nodeName, kWordImage, kWordTag);
+      records.Add(DictID, id, fatherId, std::move(nodeName), key, kWordTag, parentKey, key);
     } else {
       skippedWords_.append(SkippedWord{DictID, id, fatherId});
     }

@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include "compact_text.h"
+#include "entry_key.h"
+#include "shared_text.h"
 
 #include <QList>
 #include <QString>
@@ -25,21 +26,25 @@ class EditWordsFuncs {
 
   // Adds a node as the last child of the node keyed ParentKey and returns its key. With Visible 1
   // the node is selected and scrolled into view.
-  QString AddNode(TreeView& TheTree, const QString& ParentKey, const QString& NodeText,
-                  qint32 NodeIcon, const QString& NodeTag, qint32 Visible = 0);
+  EntryKey AddNode(TreeView& TheTree, EntryKey ParentKey, const QString& NodeText, qint32 NodeIcon,
+                   EntryTag NodeTag, qint32 Visible = 0);
 
   // Appends an item under the key TheKey and returns that.
-  QString AddListItem(ListView& TheList, const QString& NodeText, qint32 ListIcon,
-                      const QString& ListTag, const QString& TheKey);
+  EntryKey AddListItem(ListView& TheList, const QString& NodeText, qint32 ListIcon,
+                       EntryTag ListTag, EntryKey TheKey);
+
+  // Loads the whole library under the root node, which is selected and collapsed afterwards. An
+  // empty library leaves the tree as it is.
+  void LoadCategories(TreeView& TheTree);
 
   // Loads the categories of TheTable, a record set over Dictionary, with their words, in the order
-  // of its rows. False when it has none. TheTable stays open. Nodes are collapsed when they are
-  // added, and stay so.
+  // of its rows. False when it has none. TheTable stays open. Afterwards all nodes are collapsed
+  // and none is selected.
   bool OpenAddNodes(TreeView& TheTree, Recordset& TheTable);
 
   // Loads all words of the category DictID under its node, keyed ParentKey. False when it has
   // none. ParentID is not used.
-  bool OpenFastAddWords(TreeView& TheTree, CompactText ParentKey, qint32 ParentID, qint32 DictID);
+  bool OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qint32 ParentID, qint32 DictID);
 
   // The words that were not loaded because no word read before them is their parent.
   struct SkippedWord {
@@ -55,8 +60,8 @@ class EditWordsFuncs {
 
  private:
   // Adds a node as the last child of the node keyed parentKey and returns its key.
-  CompactText AppendNode(TreeNodes& nodes, CompactText parentKey, QString text, qint32 icon,
-                         CompactText tag);
+  EntryKey AppendNode(TreeNodes& nodes, EntryKey parentKey, SharedText text, qint32 icon,
+                      EntryTag tag);
   QString FreeName(const QString& statement, const QString& base,
                    QString (*criterion)(const QString&));
 

@@ -5,7 +5,7 @@
 
 #include "error.h"
 #include "key_index.h"
-#include "pooled.h"
+#include "pool.h"
 
 #include <QString>
 
@@ -23,10 +23,10 @@ class KeyedCollection {
   KeyedCollection(const KeyedCollection&) = delete;
   KeyedCollection& operator=(const KeyedCollection&) = delete;
 
-  // Appends `record`, without a key when `sKey` is empty. Fails when the key is in use.
-  Record& Append(Record record, CompactText sKey) {
+  // Appends `record`, without a key when `sKey` is none. Fails when the key is in use.
+  Record& Append(Record record, EntryKey sKey) {
     std::unique_ptr<Entry> entry(new Entry(sKey, std::move(record), last_));
-    if (!sKey.IsEmpty() && !index_.Insert(*entry)) {
+    if (!index_.Insert(*entry)) {
       throw Error(QStringLiteral("该关键字已经与该集合的一个元素相关联"));
     }
     (last_ == nullptr ? first_ : last_->next) = entry.get();
@@ -36,14 +36,14 @@ class KeyedCollection {
   }
 
   // The record stored under the key, or at the position counted from 1. Fails when there is none.
-  Record& Item(CompactText vntIndexKey) const { return Find(vntIndexKey).record; }
+  Record& Item(EntryKey vntIndexKey) const { return Find(vntIndexKey).record; }
   Record& Item(qint32 vntIndexKey) const { return Find(vntIndexKey).record; }
 
   // Removes the record that Item would find.
   template <class IndexKey>
   void Remove(const IndexKey& vntIndexKey) {
     Entry& entry = Find(vntIndexKey);
-    if (!entry.key.IsEmpty()) index_.Remove(entry);
+    index_.Remove(entry);
     (entry.previous == nullptr ? first_ : entry.previous->next) = entry.next;
     (entry.next == nullptr ? last_ : entry.next->previous) = entry.previous;
     --count_;
@@ -71,15 +71,15 @@ class KeyedCollection {
  private:
   // Linked by hand: a standard list could not remove an entry that was found by its key.
   struct Entry : Keyed, Pooled<Entry> {
-    Entry(CompactText key, Record added, Entry* last)
+    Entry(EntryKey key, Record added, Entry* last)
         : Keyed{key}, record(std::move(added)), previous(last) {}
     Record record;
     Entry* previous = nullptr;
     Entry* next = nullptr;
   };
 
-  Entry& Find(CompactText key) const {
-    Entry* entry = key.IsEmpty() ? nullptr : index_.Find(key);
+  Entry& Find(EntryKey key) const {
+    Entry* entry = index_.Find(key);
     if (entry == nullptr) throw Error(QStringLiteral("无效的过程调用或参数"));
     return *entry;
   }

@@ -5,9 +5,9 @@
 
 #include <utility>
 
-const TreePrpty& TreePrptys::Add(qint32 DicID, qint32 ID, qint32 FatherID, QString NodeName,
-                                 CompactText NodeKey, CompactText Tag, CompactText FatherKey,
-                                 CompactText sKey) {
+const TreePrpty& TreePrptys::Add(qint32 DicID, qint32 ID, qint32 FatherID, SharedText NodeName,
+                                 EntryKey NodeKey, EntryTag Tag, EntryKey FatherKey,
+                                 EntryKey sKey) {
   TreePrpty created;
   created.SetDicID(DicID);
   created.SetID(ID);
@@ -21,12 +21,12 @@ const TreePrpty& TreePrptys::Add(qint32 DicID, qint32 ID, qint32 FatherID, QStri
   return record;
 }
 
-bool TreePrptys::Rename(CompactText TheKey, const QString& NewName) {
+bool TreePrptys::Rename(EntryKey TheKey, const QString& NewName) {
   records_.Item(TheKey).SetNodeName(NewName);
   return true;
 }
 
-bool TreePrptys::GetFatherKey(qint32 DictID, qint32 ID, CompactText& FatherKey) const {
+bool TreePrptys::GetFatherKey(qint32 DictID, qint32 ID, EntryKey& FatherKey) const {
   const TreePrpty* const record = byIdentity_.Find(DictID, ID);
   if (record == nullptr) return false;
   FatherKey = record->NodeKey();
@@ -54,12 +54,12 @@ void TreePrptys::Forget(const TreePrpty& record, const IndexKey& vntIndexKey) {
   }
 }
 
-template void TreePrptys::Forget(const TreePrpty&, const CompactText&);
+template void TreePrptys::Forget(const TreePrpty&, const EntryKey&);
 template void TreePrptys::Forget(const TreePrpty&, const qint32&);
 
-const ListPrpty& ListPrptys::Add(qint32 DicID, qint32 FatherID, CompactText FatherKey, qint32 ID,
-                                 CompactText NodeKey, const QString& NodeName, CompactText Tag,
-                                 CompactText sKey) {
+const ListPrpty& ListPrptys::Add(qint32 DicID, qint32 FatherID, EntryKey FatherKey, qint32 ID,
+                                 EntryKey NodeKey, const QString& NodeName, EntryTag Tag,
+                                 EntryKey sKey) {
   ListPrpty created;
   created.SetDicID(DicID);
   created.SetFatherID(FatherID);
@@ -71,8 +71,8 @@ const ListPrpty& ListPrptys::Add(qint32 DicID, qint32 FatherID, CompactText Fath
   return records_.Append(std::move(created), sKey);
 }
 
-const DictPrpty& DictPrptys::Add(qint32 DicID, qint32 Position, CompactText NodeKey,
-                                 const QString& NodeName, CompactText Tag, CompactText sKey) {
+const DictPrpty& DictPrptys::Add(qint32 DicID, qint32 Position, EntryKey NodeKey,
+                                 const QString& NodeName, EntryTag Tag, EntryKey sKey) {
   DictPrpty created;
   created.SetDicID(DicID);
   created.SetPosition(Position);
@@ -82,7 +82,7 @@ const DictPrpty& DictPrptys::Add(qint32 DicID, qint32 Position, CompactText Node
   return records_.Append(std::move(created), sKey);
 }
 
-bool DictPrptys::Rename(CompactText TheKey, const QString& NewName) {
+bool DictPrptys::Rename(EntryKey TheKey, const QString& NewName) {
   records_.Item(TheKey).SetNodeName(NewName);
   return true;
 }

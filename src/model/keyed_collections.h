@@ -16,23 +16,23 @@
 // The words in the tree.
 class TreePrptys {
  public:
-  // The new record, under the key `sKey` unless that is empty.
-  const TreePrpty& Add(qint32 DicID, qint32 ID, qint32 FatherID, QString NodeName,
-                       CompactText NodeKey, CompactText Tag, CompactText FatherKey,
-                       CompactText sKey = CompactText());
+  // The new record, under the key `sKey` unless that is none.
+  const TreePrpty& Add(qint32 DicID, qint32 ID, qint32 FatherID, SharedText NodeName,
+                       EntryKey NodeKey, EntryTag Tag, EntryKey FatherKey,
+                       EntryKey sKey = EntryKey());
 
   // Gives the record under `TheKey` a new NodeName and returns true.
-  bool Rename(CompactText TheKey, const QString& NewName);
+  bool Rename(EntryKey TheKey, const QString& NewName);
 
   // Puts the NodeKey of the word `ID` of the category `DictID`, of the first one added where there
   // are several, into `FatherKey` and returns true; returns false and changes nothing when there
   // is none.
-  bool GetFatherKey(qint32 DictID, qint32 ID, CompactText& FatherKey) const;
+  bool GetFatherKey(qint32 DictID, qint32 ID, EntryKey& FatherKey) const;
 
   const TreePrpty& Item(qint32 vntIndexKey) const { return records_.Item(vntIndexKey); }
-  const TreePrpty& Item(CompactText vntIndexKey) const { return records_.Item(vntIndexKey); }
+  const TreePrpty& Item(EntryKey vntIndexKey) const { return records_.Item(vntIndexKey); }
   void Remove(qint32 vntIndexKey) { Forget(records_.Item(vntIndexKey), vntIndexKey); }
-  void Remove(CompactText vntIndexKey) { Forget(records_.Item(vntIndexKey), vntIndexKey); }
+  void Remove(EntryKey vntIndexKey) { Forget(records_.Item(vntIndexKey), vntIndexKey); }
   qint32 Count() const { return records_.Count(); }
 
  private:
@@ -51,13 +51,13 @@ class ListPrptys {
  public:
   void Clear() { records_.Clear(); }
 
-  // The new record, under the key `sKey` unless that is empty; its Position stays 0.
-  const ListPrpty& Add(qint32 DicID, qint32 FatherID, CompactText FatherKey, qint32 ID,
-                       CompactText NodeKey, const QString& NodeName, CompactText Tag,
-                       CompactText sKey = CompactText());
+  // The new record, under the key `sKey` unless that is none; its Position stays 0.
+  const ListPrpty& Add(qint32 DicID, qint32 FatherID, EntryKey FatherKey, qint32 ID,
+                       EntryKey NodeKey, const QString& NodeName, EntryTag Tag,
+                       EntryKey sKey = EntryKey());
 
   const ListPrpty& Item(qint32 vntIndexKey) const { return records_.Item(vntIndexKey); }
-  const ListPrpty& Item(CompactText vntIndexKey) const { return records_.Item(vntIndexKey); }
+  const ListPrpty& Item(EntryKey vntIndexKey) const { return records_.Item(vntIndexKey); }
   qint32 Count() const { return records_.Count(); }
 
  private:
@@ -67,17 +67,17 @@ class ListPrptys {
 // The categories in the tree.
 class DictPrptys {
  public:
-  // The new record, under the key `sKey` unless that is empty.
-  const DictPrpty& Add(qint32 DicID, qint32 Position, CompactText NodeKey, const QString& NodeName,
-                       CompactText Tag = CompactText(), CompactText sKey = CompactText());
+  // The new record, under the key `sKey` unless that is none.
+  const DictPrpty& Add(qint32 DicID, qint32 Position, EntryKey NodeKey, const QString& NodeName,
+                       EntryTag Tag = EntryTag(), EntryKey sKey = EntryKey());
 
   // Gives the record under `TheKey` a new NodeName and returns true.
-  bool Rename(CompactText TheKey, const QString& NewName);
+  bool Rename(EntryKey TheKey, const QString& NewName);
 
   const DictPrpty& Item(qint32 vntIndexKey) const { return records_.Item(vntIndexKey); }
-  const DictPrpty& Item(CompactText vntIndexKey) const { return records_.Item(vntIndexKey); }
+  const DictPrpty& Item(EntryKey vntIndexKey) const { return records_.Item(vntIndexKey); }
   void Remove(qint32 vntIndexKey) { records_.Remove(vntIndexKey); }
-  void Remove(CompactText vntIndexKey) { records_.Remove(vntIndexKey); }
+  void Remove(EntryKey vntIndexKey) { records_.Remove(vntIndexKey); }
   qint32 Count() const { return records_.Count(); }
 
  private:

@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include "compact_text.h"
+#include "entry_key.h"
+#include "shared_text.h"
 
 #include <QString>
 
@@ -11,24 +12,24 @@
 
 // The records that mirror what the tree and the list show. They hold the database identifiers of
 // an entry, which the controls do not hold, beside its key, text and tag. Plain values: a new
-// record has every text empty and every number 0.
+// record has no key, no tag, no text, and every number 0.
 
 // A word shown as a tree node.
 class TreePrpty {
  public:
   // The key of the tree node that this word's node hangs under.
-  void SetFatherKey(CompactText value) { fatherKey_ = value; }
-  CompactText FatherKey() const { return fatherKey_; }
+  void SetFatherKey(EntryKey value) { fatherKey_ = value; }
+  EntryKey FatherKey() const { return fatherKey_; }
 
-  void SetTag(CompactText value) { tag_ = value; }
-  CompactText Tag() const { return tag_; }
+  void SetTag(EntryTag value) { tag_ = value; }
+  EntryTag Tag() const { return tag_; }
 
   // The key of the word's tree node and of this record in its collection.
-  void SetNodeKey(CompactText value) { nodeKey_ = value; }
-  CompactText NodeKey() const { return nodeKey_; }
+  void SetNodeKey(EntryKey value) { nodeKey_ = value; }
+  EntryKey NodeKey() const { return nodeKey_; }
 
-  void SetNodeName(QString value) { nodeName_ = std::move(value); }
-  QString NodeName() const { return nodeName_; }
+  void SetNodeName(SharedText value) { nodeName_ = std::move(value); }
+  QString NodeName() const { return nodeName_.ToString(); }
 
   // The ID of the parent word in the same category; 0 for a word directly under its category.
   void SetFatherID(qint32 value) { fatherId_ = value; }
@@ -43,13 +44,13 @@ class TreePrpty {
   qint32 DicID() const { return dicId_; }
 
  private:
-  CompactText fatherKey_;
-  CompactText tag_;
-  CompactText nodeKey_;
-  QString nodeName_;
+  SharedText nodeName_;
+  EntryKey fatherKey_;
+  EntryKey nodeKey_;
   qint32 fatherId_ = 0;
   qint32 id_ = 0;
   qint32 dicId_ = 0;
+  EntryTag tag_{};
 };
 
 // An entry shown as a list item.
@@ -59,23 +60,23 @@ class ListPrpty {
   qint32 Position() const { return position_; }
 
   // The tag of the record of the entry shown: empty for a category.
-  void SetTag(CompactText value) { tag_ = value; }
-  CompactText Tag() const { return tag_; }
+  void SetTag(EntryTag value) { tag_ = value; }
+  EntryTag Tag() const { return tag_; }
 
   void SetNodeName(QString value) { nodeName_ = std::move(value); }
   QString NodeName() const { return nodeName_; }
 
   // The key of the list item and of the tree node that it shows.
-  void SetNodeKey(CompactText value) { nodeKey_ = value; }
-  CompactText NodeKey() const { return nodeKey_; }
+  void SetNodeKey(EntryKey value) { nodeKey_ = value; }
+  EntryKey NodeKey() const { return nodeKey_; }
 
   // The word's ID; 0 for a category.
   void SetID(qint32 value) { id_ = value; }
   qint32 ID() const { return id_; }
 
   // As in TreePrpty for a word; empty for a category.
-  void SetFatherKey(CompactText value) { fatherKey_ = value; }
-  CompactText FatherKey() const { return fatherKey_; }
+  void SetFatherKey(EntryKey value) { fatherKey_ = value; }
+  EntryKey FatherKey() const { return fatherKey_; }
 
   // As in TreePrpty for a word; 0 for a category.
   void SetFatherID(qint32 value) { fatherId_ = value; }
@@ -90,9 +91,9 @@ class ListPrpty {
   qint32 id_ = 0;
   qint32 fatherId_ = 0;
   qint32 dicId_ = 0;
-  CompactText tag_;
-  CompactText nodeKey_;
-  CompactText fatherKey_;
+  EntryTag tag_{};
+  EntryKey nodeKey_;
+  EntryKey fatherKey_;
   QString nodeName_;
 };
 
@@ -100,15 +101,15 @@ class ListPrpty {
 class DictPrpty {
  public:
   // Always empty.
-  void SetTag(CompactText value) { tag_ = value; }
-  CompactText Tag() const { return tag_; }
+  void SetTag(EntryTag value) { tag_ = value; }
+  EntryTag Tag() const { return tag_; }
 
-  void SetNodeName(QString value) { nodeName_ = std::move(value); }
-  QString NodeName() const { return nodeName_; }
+  void SetNodeName(SharedText value) { nodeName_ = std::move(value); }
+  QString NodeName() const { return nodeName_.ToString(); }
 
   // The key of the category's tree node and of this record in its collection.
-  void SetNodeKey(CompactText value) { nodeKey_ = value; }
-  CompactText NodeKey() const { return nodeKey_; }
+  void SetNodeKey(EntryKey value) { nodeKey_ = value; }
+  EntryKey NodeKey() const { return nodeKey_; }
 
   // As loaded or as assigned at creation.
   void SetPosition(qint32 value) { position_ = value; }
@@ -119,9 +120,9 @@ class DictPrpty {
   qint32 DicID() const { return dicId_; }
 
  private:
-  CompactText tag_;
-  CompactText nodeKey_;
-  QString nodeName_;
+  EntryTag tag_{};
+  EntryKey nodeKey_;
+  SharedText nodeName_;
   qint32 position_ = 0;
   qint32 dicId_ = 0;
 };

@@ -3,6 +3,8 @@
 
 #include "com_func.h"
 
+#include "recordset.h"
+
 void CloseRecordset(std::unique_ptr<Recordset>& TheRs) {
   if (!TheRs) {
     Recordset().Close();  // raises

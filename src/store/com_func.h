@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "recordset.h"
-
 #include <memory>
+
+class Recordset;
 
 // Closes the record set and sets the variable to nothing. One that is not open, or nothing, raises
 // the database layer's error and is left as it is.

@@ -14,9 +14,6 @@
 
 namespace {
 
-constexpr qint32 kCategory = 1;
-constexpr qint32 kWord = 2;
-
 // One more than the last row's number in `column`, 1 when there are no rows. The rows are ordered
 // by that column.
 qint32 NextNumber(Recordset& rows, const char* column) {
@@ -87,19 +84,19 @@ bool DataBaseFuncs::AddItem(const QString& NodeName, qint32 DictID, qint32& RetI
 }
 
 bool DataBaseFuncs::UpdateItem(const QString& NewName, qint32 Sel, qint32 DictID, qint32 ID) {
-  if (Sel == kCategory) {
+  if (Sel == kSelCategory) {
     connection_.Execute(Statement::RenameCategory(NewName, DictID));
-  } else if (Sel == kWord) {
+  } else if (Sel == kSelWord) {
     connection_.Execute(Statement::RenameWord(NewName, DictID, ID));
   }
   return true;
 }
 
 bool DataBaseFuncs::DeleteItem(qint32 Sel, qint32 DictID, qint32 ID) {
-  if (Sel == kCategory) {
+  if (Sel == kSelCategory) {
     connection_.Execute(Statement::DeleteCategory(DictID));
     connection_.Execute(Statement::DeleteWordsOfCategory(DictID));
-  } else if (Sel == kWord) {
+  } else if (Sel == kSelWord) {
     connection_.Execute(Statement::DeleteWord(DictID, ID));
   }
   return true;

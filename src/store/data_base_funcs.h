@@ -9,6 +9,10 @@
 
 class Connection;
 
+// The selector Sel of the record operations.
+inline constexpr qint32 kSelCategory = 1;
+inline constexpr qint32 kSelWord = 2;
+
 // The only writer of the library's tables. Sel is 1 for a category and 2 for a word; DictID is the
 // category's GID. What is not said to be reported otherwise is raised as DatabaseError.
 class DataBaseFuncs {

@@ -44,10 +44,12 @@ class StartUp(desktop.WindowTest):
 
     def test_a_window_that_is_dragged_too_small_jumps_back(self):
         process, window = self.open()
-        x, y, width, height = self.geometry(window)
-        desktop.run("xdotool", "mousemove", x + width - 2, y + height - 2, "mousedown", 1)
-        desktop.run("xdotool", "mousemove", x + 200, y + 200, "mousemove", x + 150, y + 150)
-        wait_until(lambda: self.geometry(window)[2] < 200, "the window is small")
+        x, y, width, height = self.move(window, 100, 100, 500, 500)
+        desktop.run("xdotool", "mousemove", x + width - 3, y + height - 3, "mousedown", 1)
+        wait_until(lambda: desktop.run("xdotool", "mousemove_relative", "--", -9, -9) or
+                   self.geometry(window)[2] < width, "the window follows the pointer")
+        desktop.run("xdotool", "mousemove", x + 150, y + 150)
+        wait_until(lambda: self.geometry(window)[2] < 334, "the window is too small or has jumped back already")
         desktop.run("xdotool", "mouseup", 1)
         wait_until(lambda: self.geometry(window)[2:] == (333, 333), "the window has the least size")
         self.assertEqual(self.close(process, window), 0)

@@ -11,6 +11,8 @@
 #include "tree_view.h"
 #include "word_tree.h"
 
+#include <QAbstractItemModelTester>
+
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,7 +25,7 @@ class EditWordsFuncsTest : public EngineTest {
   void SetUp() override {
     EngineTest::SetUp();
     tree_.SetSelectedItem(
-        tree_.Nodes().Add(QString(), Relationship::kChild, kRootKey, kAppTitle, kRootImage));
+        tree_.Nodes().Add(EntryKey(), Relationship::kChild, kRootKey, kAppTitle, kRootImage));
   }
 
   void StoreCategories(const QString& rows) {
@@ -36,8 +38,8 @@ class EditWordsFuncsTest : public EngineTest {
                         rows);
   }
 
-  // A line for each node that was loaded, indented by its level: the number in its key, its text,
-  // its record's identifiers.
+  // A line for each node that was loaded, indented by its level: its key, its text, its record's
+  // identifiers.
   std::string Load() {
     Recordset categories;
     categories.Open(Statement::SelectCategories(), connection_, CursorType::kKeyset,
@@ -48,8 +50,8 @@ class EditWordsFuncsTest : public EngineTest {
   std::string Below(const Node& parent, int level) {
     std::string text;
     for (const Node* node = parent.Child(); node != nullptr; node = node->Next()) {
-      const QString key = node->Key();
-      QString line = QString(qsizetype{2} * level, u' ') + key.mid(7) + u' ' +
+      const EntryKey key = node->Key();
+      QString line = QString(qsizetype{2} * level, u' ') + key.Text() + u' ' +
                      (node->Text().size() > 20 ? QStringLiteral("long") : node->Text());
       if (level == 0) {
         const DictPrpty& record = wordTree_.colDictPrptys().Item(key);
@@ -71,6 +73,8 @@ class EditWordsFuncsTest : public EngineTest {
 
   WordTree wordTree_;
   TreeView tree_;
+  const QAbstractItemModelTester tester_{tree_.model(),
+                                         QAbstractItemModelTester::FailureReportingMode::Fatal};
   EditWordsFuncs funcs_{connection_, wordTree_};
 };
 
@@ -78,6 +82,7 @@ INSTANTIATE_ON_ENGINES(EditWordsFuncsTest);
 
 TEST_P(EditWordsFuncsTest, LoadsWhatItCanOfOddRows) {
   EXPECT_EQ(Load(), "");
+  EXPECT_EQ(kRootKey.Text(), QStringLiteral("HCWLIBTitle"));
   const QString longName(4000, u'长');
   StoreCategories(
       QStringLiteral("(-5,-1,''),(7,2147483647,'%1'),(2147483647,-2147483648,' ''a\"\\%_;--')")
@@ -88,15 +93,15 @@ TEST_P(EditWordsFuncsTest, LoadsWhatItCanOfOddRows) {
                             "(7,7,-3,'another category''s'),(8,20,0,'of no category'),"
                             "(2147483647,20,0,'A')")
                  .arg(longName));
-  EXPECT_EQ(Load(), R"(0  -5 at -1
-  1  -5 -2147483648 0
-    2 long -5 -3 -2147483648
-      3 𠮷 -5 4 -3
-4 long 7 at 2147483647
-  5 A 7 1 0
-    6 B 7 6 1
-7  'a"\%_;-- 2147483647 at -2147483648
-  8 A 2147483647 20 0
+  EXPECT_EQ(Load(), R"(TheItem0  -5 at -1
+  TheItem1  -5 -2147483648 0
+    TheItem2 long -5 -3 -2147483648
+      TheItem3 𠮷 -5 4 -3
+TheItem4 long 7 at 2147483647
+  TheItem5 A 7 1 0
+    TheItem6 B 7 6 1
+TheItem7  'a"\%_;-- 2147483647 at -2147483648
+  TheItem8 A 2147483647 20 0
 )");
   QString skipped;
   for (const auto& word : funcs_.SkippedWords()) {

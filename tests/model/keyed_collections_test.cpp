@@ -9,35 +9,35 @@
 
 namespace {
 
-QString Key(int number) {
-  return QStringLiteral("TheItem%1").arg(number);
+EntryKey Key(int number) {
+  return EntryKey::Numbered(number);
 }
 
 void AddWord(TreePrptys& words, qint32 dicId, qint32 id, int key) {
-  words.Add(dicId, id, 0, QStringLiteral("词%1").arg(key), Key(key), QString(), Key(0), Key(key));
+  words.Add(dicId, id, 0, QStringLiteral("词%1").arg(key), Key(key), EntryTag(), Key(0), Key(key));
 }
 
 // The numbers in the records' keys, in their order.
 std::string Keys(const TreePrptys& words) {
   QString keys;
-  for (qint32 i = 1; i <= words.Count(); ++i) keys += words.Item(i).NodeKey().ToString().mid(7);
+  for (qint32 i = 1; i <= words.Count(); ++i) keys += words.Item(i).NodeKey().Text().mid(7);
   return keys.toStdString();
 }
 
 // The number in the word's node key, "" when there is no such word.
 std::string FatherKey(const TreePrptys& words, qint32 dicId, qint32 id) {
-  CompactText key(QStringLiteral("unchanged"));
-  if (words.GetFatherKey(dicId, id, key)) return key.ToString().mid(7).toStdString();
-  EXPECT_EQ(key, CompactText(QStringLiteral("unchanged")));
+  EntryKey key = Key(99);
+  if (words.GetFatherKey(dicId, id, key)) return key.Text().mid(7).toStdString();
+  EXPECT_EQ(key, Key(99));
   return "";
 }
 
 TEST(KeyedCollections, FindsByKeyAndPositionAndAFailureChangesNothing) {
   TreePrptys words;
   for (int i = 1; i <= 5; ++i) AddWord(words, 7, i, i);
-  words.Add(7, 6, 0, QString(), Key(6), QString(), Key(0));  // without a key
-  EXPECT_THROW(words.Add(8, 9, 0, QString(), Key(7), QString(), Key(0), Key(2)), Error);
-  for (const QString& missing : {Key(6), QStringLiteral("theitem1"), QString()}) {
+  words.Add(7, 6, 0, QString(), Key(6), EntryTag(), Key(0));  // without a key
+  EXPECT_THROW(words.Add(8, 9, 0, QString(), Key(7), EntryTag(), Key(0), Key(2)), Error);
+  for (const EntryKey missing : {Key(6), EntryKey::Root(), EntryKey()}) {
     EXPECT_THROW(words.Item(missing), Error);
     EXPECT_THROW(words.Remove(missing), Error);
     EXPECT_THROW(words.Rename(missing, QString()), Error);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The HCWordLib authors
 // SPDX-License-Identifier: MIT
 
-#include <gtest/gtest.h>
+#include "run_tests.h"
 
 #include <QApplication>
 
@@ -10,5 +10,5 @@ int main(int argc, char** argv) {
   // Closing a test's window must not end the event loops of the next.
   QApplication::setQuitOnLastWindowClosed(false);
   testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
+  return RunTests();
 }

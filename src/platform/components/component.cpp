@@ -5,6 +5,7 @@
 
 #include "component_factory.h"
 #include "error.h"
+#include "log.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -33,15 +34,15 @@ QString CannotCreateObjectText() {
 std::unique_ptr<GUIDGen> CreateComponent(const QString& progId) {
   const QString path = FindLibrary(progId);
   if (path.isEmpty()) {
-    qWarning("%s: no such component", qUtf8Printable(progId));
+    qCWarning(lcHCWordLib, "没有部件 %s", qUtf8Printable(progId));
     throw Error(CannotCreateObjectText());
   }
   QPluginLoader loader(path);
   const auto* factory = qobject_cast<ComponentFactory*>(loader.instance());
   std::unique_ptr<GUIDGen> component = factory ? factory->Create() : nullptr;
   if (!component) {
-    qWarning("%s: %s", qUtf8Printable(path),
-             loader.isLoaded() ? "not a component library" : qUtf8Printable(loader.errorString()));
+    qCWarning(lcHCWordLib, "部件 %s 不能使用：%s", qUtf8Printable(path),
+              loader.isLoaded() ? "不是部件库" : qUtf8Printable(loader.errorString()));
     throw Error(CannotCreateObjectText());
   }
   return component;

@@ -8,11 +8,11 @@
 #include <QString>
 
 // Pictures of one size, numbered from 1 in the order in which they were added. A picture can have
-// a key, unique in the list.
+// a key, unique in the list. Copies share the pictures.
 class ImageList {
  public:
   // `size` in device-independent pixels, for width and height alike.
-  explicit ImageList(int size) : size_(size) {}
+  explicit ImageList(int size = 0) : size_(size) {}
 
   // Appends the picture in the file or resource `path`, drawn for every scale that it is shown at.
   void Add(const QString& path, const QString& key = QString());

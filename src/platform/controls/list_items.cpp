@@ -22,7 +22,7 @@ int EstimatedWidth(const QString& text) {
 
 ListItems::~ListItems() = default;
 
-ListItem& ListItems::Add(CompactText key, const QString& text, int icon, int smallIcon) {
+ListItem& ListItems::Add(EntryKey key, const QString& text, int icon, int smallIcon) {
   ListItem& item = items_.emplace_back();
   item.key = key;
   if (!index_.Insert(item)) {
@@ -49,7 +49,7 @@ const ListItem& ListItems::Item(int index) const {
   return items_[index - 1];
 }
 
-const ListItem& ListItems::Item(CompactText key) const {
+const ListItem& ListItems::Item(EntryKey key) const {
   const ListItem* item = index_.Find(key);
   if (item == nullptr) throw Error(QStringLiteral("找不到元素"));
   return *item;
@@ -85,8 +85,8 @@ QVariant ListItems::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return item.text_;
     case Qt::DecorationRole:
-      return smallIcons_ == nullptr ? QVariant()
-                                    : QVariant::fromValue(smallIcons_->Picture(item.smallIcon_));
+      return smallIcons_.Count() == 0 ? QVariant()
+                                      : QVariant::fromValue(smallIcons_.Picture(item.smallIcon_));
     default:
       return QVariant();
   }

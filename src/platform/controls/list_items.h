@@ -14,9 +14,9 @@
 // An item of a list view. It stays where it is in memory until the list is cleared.
 class ListItem : private Keyed {
  public:
-  QString Key() const { return key.ToString(); }
-  QString Tag() const { return tag_.ToString(); }
-  void SetTag(CompactText tag) { tag_ = tag; }
+  EntryKey Key() const { return key; }
+  EntryTag Tag() const { return tag_; }
+  void SetTag(EntryTag tag) { tag_ = tag; }
   const QString& Text() const { return text_; }
   // The numbers of the item's pictures in the view's image lists for large and small icons.
   int Icon() const { return icon_; }
@@ -27,7 +27,7 @@ class ListItem : private Keyed {
   friend class KeyIndex<ListItem>;
 
   QString text_;
-  CompactText tag_;
+  EntryTag tag_{};
   qint16 icon_ = 0;
   qint16 smallIcon_ = 0;
 };
@@ -40,17 +40,16 @@ class ListItems : public QAbstractListModel {
  public:
   ~ListItems() override;
 
-  // `images` must outlive the items.
-  void SetSmallIcons(const ImageList* images) { smallIcons_ = images; }
+  void SetSmallIcons(const ImageList& images) { smallIcons_ = images; }
 
   // Appends an item. An Error when the key is in use; then nothing is added.
-  ListItem& Add(CompactText key, const QString& text, int icon, int smallIcon);
+  ListItem& Add(EntryKey key, const QString& text, int icon, int smallIcon);
   void Clear();
 
   int Count() const { return static_cast<int>(items_.size()); }
   // The item at `index`, counted from 1, or that with the key; an Error when there is none.
   const ListItem& Item(int index) const;
-  const ListItem& Item(CompactText key) const;
+  const ListItem& Item(EntryKey key) const;
 
   // Announces the items that were added since the last time.
   void Announce();
@@ -65,5 +64,5 @@ class ListItems : public QAbstractListModel {
   std::deque<ListItem> items_;
   KeyIndex<ListItem> index_;
   int announced_ = 0;
-  const ImageList* smallIcons_ = nullptr;
+  ImageList smallIcons_;
 };

@@ -54,7 +54,7 @@ ListView::~ListView() {
   setModel(nullptr);
 }
 
-void ListView::SetSmallIcons(const ImageList* images) {
+void ListView::SetSmallIcons(const ImageList& images) {
   items_.SetSmallIcons(images);
 }
 
@@ -78,7 +78,7 @@ void ListView::UsePointer(bool custom) {
 
 void ListView::mouseMoveEvent(QMouseEvent* event) {
   QListView::mouseMoveEvent(event);
-  Q_EMIT MouseMove(MouseButtonsDown(event->buttons()), ShiftState(event->modifiers()),
+  Q_EMIT MouseMove(MouseButtonsDown(event->buttons()),
                    PixelsToTwips(event->position().toPoint().x()),
                    PixelsToTwips(event->position().toPoint().y()));
 }

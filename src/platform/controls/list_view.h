@@ -29,8 +29,7 @@ class ListView : public QListView {
   ListItems& Items() { return items_; }
   QList<ColumnHeader>& ColumnHeaders() { return columnHeaders_; }
 
-  // `images` must outlive the list.
-  void SetSmallIcons(const ImageList* images);
+  void SetSmallIcons(const ImageList& images);
 
   // The item whose picture or label is at a point in twips, null when there is none.
   const ListItem* HitTest(float x, float y) const;
@@ -40,8 +39,8 @@ class ListView : public QListView {
   void UsePointer(bool custom);
 
  Q_SIGNALS:
-  // Positions in twips; buttons and shift states as in mouse.h.
-  void MouseMove(int buttons, int shift, float x, float y);
+  // Positions in twips; buttons as in mouse.h.
+  void MouseMove(int buttons, float x, float y);
 
  protected:
   void mouseMoveEvent(QMouseEvent* event) override;

@@ -5,29 +5,27 @@
 
 #include <Qt>
 
-// A mouse button as the controls' events number it: 1 left, 2 right, 4 middle, 0 none or another.
+// Mouse buttons as the controls' events number them; those that are held down are added up.
+inline constexpr int kNoButton = 0;  // or another one
+inline constexpr int kLeftButton = 1;
+inline constexpr int kRightButton = 2;
+inline constexpr int kMiddleButton = 4;
+
 inline int MouseButton(Qt::MouseButton button) {
   switch (button) {
     case Qt::LeftButton:
-      return 1;
+      return kLeftButton;
     case Qt::RightButton:
-      return 2;
+      return kRightButton;
     case Qt::MiddleButton:
-      return 4;
+      return kMiddleButton;
     default:
-      return 0;
+      return kNoButton;
   }
 }
 
-// The buttons held down, as the sum of their numbers.
 inline int MouseButtonsDown(Qt::MouseButtons buttons) {
-  return ((buttons & Qt::LeftButton) != 0 ? 1 : 0) + ((buttons & Qt::RightButton) != 0 ? 2 : 0) +
-         ((buttons & Qt::MiddleButton) != 0 ? 4 : 0);
-}
-
-// The keyboard's state in the controls' events: 1 Shift, 2 Ctrl, 4 Alt, added up.
-inline int ShiftState(Qt::KeyboardModifiers modifiers) {
-  return ((modifiers & Qt::ShiftModifier) != 0 ? 1 : 0) +
-         ((modifiers & Qt::ControlModifier) != 0 ? 2 : 0) +
-         ((modifiers & Qt::AltModifier) != 0 ? 4 : 0);
+  return ((buttons & Qt::LeftButton) != 0 ? kLeftButton : 0) +
+         ((buttons & Qt::RightButton) != 0 ? kRightButton : 0) +
+         ((buttons & Qt::MiddleButton) != 0 ? kMiddleButton : 0);
 }

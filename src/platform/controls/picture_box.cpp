@@ -110,23 +110,20 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
 void PictureBox::mousePressEvent(QMouseEvent* event) {
   const QPointF p = event->position();
   buttonDown_ = true;
-  Q_EMIT MouseDown(MouseButton(event->button()), ShiftState(event->modifiers()),
-                   static_cast<float>(p.x()) * kTwipsPerPixel,
+  Q_EMIT MouseDown(MouseButton(event->button()), static_cast<float>(p.x()) * kTwipsPerPixel,
                    static_cast<float>(p.y()) * kTwipsPerPixel);
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
   const QPointF p = event->position();
-  Q_EMIT MouseMove(MouseButtonsDown(event->buttons()), ShiftState(event->modifiers()),
-                   static_cast<float>(p.x()) * kTwipsPerPixel,
+  Q_EMIT MouseMove(MouseButtonsDown(event->buttons()), static_cast<float>(p.x()) * kTwipsPerPixel,
                    static_cast<float>(p.y()) * kTwipsPerPixel);
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
   const QPointF p = event->position();
   buttonDown_ = event->buttons() != Qt::NoButton;
-  Q_EMIT MouseUp(MouseButton(event->button()), ShiftState(event->modifiers()),
-                 static_cast<float>(p.x()) * kTwipsPerPixel,
+  Q_EMIT MouseUp(MouseButton(event->button()), static_cast<float>(p.x()) * kTwipsPerPixel,
                  static_cast<float>(p.y()) * kTwipsPerPixel);
   if (event->button() == Qt::LeftButton && rect().contains(p.toPoint())) Q_EMIT Click();
   if (concealed_ && !buttonDown_) setVisible(false);

@@ -33,10 +33,10 @@ class PictureBox : public QWidget {
   void Line(float x1, float y1, float x2, float y2, OleColor color);
 
  Q_SIGNALS:
-  // Buttons and shift states as in mouse.h.
-  void MouseDown(int button, int shift, float x, float y);
-  void MouseMove(int buttons, int shift, float x, float y);
-  void MouseUp(int button, int shift, float x, float y);
+  // Buttons as in mouse.h.
+  void MouseDown(int button, float x, float y);
+  void MouseMove(int buttons, float x, float y);
+  void MouseUp(int button, float x, float y);
   // The pointer went elsewhere, be it to a control on the pane.
   void MouseLeave();
   void Click();

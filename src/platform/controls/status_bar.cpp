@@ -13,7 +13,6 @@
 #include <QRegularExpression>
 
 #include <sys/timerfd.h>
-#include <unistd.h>
 
 namespace {
 
@@ -61,7 +60,7 @@ QString MinuteFormat(const QLocale& locale) {
 StatusBar::StatusBar(QWidget* parent)
     : QWidget(parent),
       clock_(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC)),
-      minute_(clock_, QSocketNotifier::Read) {
+      minute_(clock_.Get(), QSocketNotifier::Read) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(2);
@@ -76,10 +75,6 @@ StatusBar::StatusBar(QWidget* parent)
   connect(&minute_, &QSocketNotifier::activated, this, &StatusBar::ShowNow);
 }
 
-StatusBar::~StatusBar() {
-  ::close(clock_);
-}
-
 void StatusBar::ShowNow() {
   const QDateTime now = QDateTime::currentDateTime();
   const QLocale locale = QLocale::system();
@@ -90,7 +85,7 @@ void StatusBar::ShowNow() {
 
 void StatusBar::WakeAt(qint64 second) {
   const itimerspec time{{}, {.tv_sec = second, .tv_nsec = 0}};
-  timerfd_settime(clock_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &time, nullptr);
+  timerfd_settime(clock_.Get(), TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &time, nullptr);
 }
 
 void StatusBar::showEvent(QShowEvent* event) {

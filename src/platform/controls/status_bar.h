@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "file_descriptor.h"
+
 #include <QLabel>
 #include <QSocketNotifier>
 #include <QWidget>
@@ -15,7 +17,6 @@ class StatusBar : public QWidget {
 
  public:
   explicit StatusBar(QWidget* parent = nullptr);
-  ~StatusBar() override;
 
   QString PanelText() const { return panels_[0]->text(); }
   void SetPanelText(const QString& text) { panels_[0]->setText(text); }
@@ -30,6 +31,6 @@ class StatusBar : public QWidget {
   void WakeAt(qint64 second);  // since the epoch; 0 for never
 
   QLabel* panels_[3];
-  int clock_;  // a timer of the system, which goes by the time of day
+  FileDescriptor clock_;  // a timer of the system, which goes by the time of day
   QSocketNotifier minute_;
 };

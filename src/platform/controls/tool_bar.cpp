@@ -4,7 +4,6 @@
 #include "tool_bar.h"
 
 #include "error.h"
-#include "image_list.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -34,8 +33,8 @@ ToolBar::ToolBar(QWidget* parent) : QWidget(parent) {
 void ToolBar::AddButton(const QString& key, int image) {
   auto* button = new ToolBarButton(key, this);
   button->setObjectName(key);
-  button->setIcon(images_->Picture(image));
-  button->setIconSize(QSize(images_->Size(), images_->Size()));
+  button->setIcon(images_.Picture(image));
+  button->setIconSize(QSize(images_.Size(), images_.Size()));
   connect(button, &QToolButton::clicked, this, [this, button] { Q_EMIT ButtonClick(*button); });
   auto* row = static_cast<QHBoxLayout*>(layout());
   row->insertWidget(row->count() - 1, button);

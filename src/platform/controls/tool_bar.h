@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "image_list.h"
+
 #include <QList>
 #include <QString>
 #include <QToolButton>
-
-class ImageList;
 
 // A push button of a tool bar, known by its key. A double click is one click.
 class ToolBarButton : public QToolButton {
@@ -32,8 +32,7 @@ class ToolBar : public QWidget {
  public:
   explicit ToolBar(QWidget* parent = nullptr);
 
-  // `images` must outlive the tool bar.
-  void SetImageList(const ImageList* images) { images_ = images; }
+  void SetImageList(const ImageList& images) { images_ = images; }
   void AddButton(const QString& key, int image);
   void AddSeparator();
 
@@ -44,6 +43,6 @@ class ToolBar : public QWidget {
   void ButtonClick(ToolBarButton& button);
 
  private:
-  const ImageList* images_ = nullptr;
+  ImageList images_;
   QList<ToolBarButton*> buttons_;
 };

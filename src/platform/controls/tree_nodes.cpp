@@ -15,9 +15,9 @@ TreeNodes::~TreeNodes() {
   for (std::unique_ptr<Node>& node : *top_.children_) Forget(std::move(node));
 }
 
-Node& TreeNodes::Add(CompactText relative, Relationship /*relationship*/, CompactText key,
-                     QString text, int image) {
-  Node* parent = relative.IsEmpty() ? &top_ : index_.Find(relative);
+Node& TreeNodes::Add(EntryKey relative, Relationship /*relationship*/, EntryKey key,
+                     SharedText text, int image) {
+  Node* parent = relative.IsNone() ? &top_ : index_.Find(relative);
   if (parent == nullptr) throw Error(QStringLiteral("找不到元素"));
   std::unique_ptr<Node> node(new Node);
   node->key = key;
@@ -29,19 +29,31 @@ Node& TreeNodes::Add(CompactText relative, Relationship /*relationship*/, Compac
   if (!parent->children_) {
     parent->children_ = std::make_unique<std::vector<std::unique_ptr<Node>>>();
   }
-  beginInsertRows(parent == &top_ ? QModelIndex() : IndexOf(parent), node->row_, node->row_);
+  if (!loading_) {
+    beginInsertRows(parent == &top_ ? QModelIndex() : IndexOf(parent), node->row_, node->row_);
+  }
   Node& added = *parent->children_->emplace_back(std::move(node));
-  endInsertRows();
+  if (!loading_) endInsertRows();
   return added;
 }
 
-Node& TreeNodes::Item(CompactText key) const {
+TreeNodes::Loading::Loading(TreeNodes& nodes) : nodes_(nodes) {
+  nodes_.beginResetModel();
+  nodes_.loading_ = true;
+}
+
+TreeNodes::Loading::~Loading() {
+  nodes_.loading_ = false;
+  nodes_.endResetModel();
+}
+
+Node& TreeNodes::Item(EntryKey key) const {
   Node* node = index_.Find(key);
   if (node == nullptr) throw Error(QStringLiteral("找不到元素"));
   return *node;
 }
 
-void TreeNodes::Remove(CompactText key) {
+void TreeNodes::Remove(EntryKey key) {
   Node& node = Item(key);
   Node* parent = node.parent_;
   auto& siblings = *parent->children_;
@@ -109,9 +121,9 @@ QVariant TreeNodes::data(const QModelIndex& index, int role) const {
   const Node& node = *NodeAt(index);
   switch (role) {
     case Qt::DisplayRole:
-      return node.text_;
+      return node.Text();
     case Qt::DecorationRole:
-      return images_ == nullptr ? QVariant() : QVariant::fromValue(images_->Picture(node.image_));
+      return images_.Count() == 0 ? QVariant() : QVariant::fromValue(images_.Picture(node.image_));
     default:
       return QVariant();
   }

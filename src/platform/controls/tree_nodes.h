@@ -5,7 +5,8 @@
 
 #include "image_list.h"
 #include "key_index.h"
-#include "pooled.h"
+#include "pool.h"
+#include "shared_text.h"
 
 #include <QAbstractItemModel>
 #include <QString>
@@ -18,10 +19,10 @@ class TreeNodes;
 // A node of a tree view, owned by its parent. It stays where it is in memory until it is removed.
 class Node : private Keyed, public Pooled<Node> {
  public:
-  QString Key() const { return key.ToString(); }
-  QString Tag() const { return tag_.ToString(); }
-  void SetTag(CompactText tag) { tag_ = tag; }
-  const QString& Text() const { return text_; }
+  EntryKey Key() const { return key; }
+  EntryTag Tag() const { return tag_; }
+  void SetTag(EntryTag tag) { tag_ = tag; }
+  QString Text() const { return text_.ToString(); }
   // The number of the node's picture in the view's image list.
   int Image() const { return image_; }
 
@@ -46,10 +47,10 @@ class Node : private Keyed, public Pooled<Node> {
   Node* parent_ = nullptr;
   // Null until there is a child: most nodes are leaves.
   std::unique_ptr<std::vector<std::unique_ptr<Node>>> children_;
-  QString text_;
-  CompactText tag_;
+  SharedText text_;
   qint32 row_ = 0;
   qint16 image_ = 0;
+  EntryTag tag_{};
 };
 
 enum class Relationship { kChild = 4 };
@@ -63,22 +64,34 @@ class TreeNodes : public QAbstractItemModel {
   TreeNodes();
   ~TreeNodes() override;
 
-  // `images` must outlive the nodes.
-  void SetImageList(const ImageList* images) { images_ = images; }
+  void SetImageList(const ImageList& images) { images_ = images; }
 
   // Adds a node as the last child of the node keyed `relative`, or as the last top-level node when
-  // that is empty. An Error when there is no such node or the key is in use; then nothing is added.
-  Node& Add(CompactText relative, Relationship relationship, CompactText key, QString text,
-            int image);
+  // that is none. An Error when there is no such node or the key is in use; then nothing is added.
+  Node& Add(EntryKey relative, Relationship relationship, EntryKey key, SharedText text, int image);
+
+  // While it exists, added nodes are not announced one by one, which would take longer than all
+  // else that is done for them, and none is removed. At its end the views start anew: all is
+  // collapsed, nothing selected.
+  class Loading {
+   public:
+    explicit Loading(TreeNodes& nodes);
+    ~Loading();
+    Loading(const Loading&) = delete;
+    Loading& operator=(const Loading&) = delete;
+
+   private:
+    TreeNodes& nodes_;
+  };
 
   // An Error when there is none.
-  Node& Item(CompactText key) const;
+  Node& Item(EntryKey key) const;
 
   // Null when there is none.
-  Node* Find(CompactText key) const { return index_.Find(key); }
+  Node* Find(EntryKey key) const { return index_.Find(key); }
 
   // Removes the node with its whole subtree. An Error when there is none.
-  void Remove(CompactText key);
+  void Remove(EntryKey key);
 
   void SetText(Node& node, const QString& text);
 
@@ -98,5 +111,6 @@ class TreeNodes : public QAbstractItemModel {
   // The invisible parent of the top-level nodes.
   Node top_;
   KeyIndex<Node> index_;
-  const ImageList* images_ = nullptr;
+  bool loading_ = false;
+  ImageList images_;
 };

@@ -33,6 +33,7 @@ TreeView::TreeView(QWidget* parent)
     : QTreeView(parent),
       delegate_(new TreeItemDelegate(this)),
       labelEditing_(std::make_unique<LabelEditing>(*this)) {
+  setModel(&nodes_);
   setHeaderHidden(true);
   setUniformRowHeights(true);
   setItemDelegate(delegate_);
@@ -78,59 +79,39 @@ void TreeView::SetIndentation(float twips) {
   setIndentation(qMax(kLeastIndentation, TwipsToPixels(twips)));
 }
 
-void TreeView::SetImageList(const ImageList* images) {
+void TreeView::SetImageList(const ImageList& images) {
   nodes_.SetImageList(images);
 }
 
-// A view that is told of every one of hundreds of thousands of nodes as they are loaded takes
-// longer than the load itself, so it meets its model when it is first needed.
-void TreeView::AttachModel() {
-  if (model() != nullptr) return;
-  setModel(&nodes_);
-  Node* selected = std::exchange(selectedBeforeShow_, nullptr);
-  if (selected != nullptr) setCurrentIndex(nodes_.IndexOf(selected));
-}
-
 Node* TreeView::SelectedItem() const {
-  return model() == nullptr ? selectedBeforeShow_ : nodes_.NodeAt(currentIndex());
+  return nodes_.NodeAt(currentIndex());
 }
 
 void TreeView::SetSelectedItem(Node& node) {
   if (&node != SelectedItem()) CancelLabelEdit();
-  if (model() == nullptr) {
-    selectedBeforeShow_ = &node;
-  } else {
-    setCurrentIndex(nodes_.IndexOf(&node));
-  }
+  setCurrentIndex(nodes_.IndexOf(&node));
 }
 
 bool TreeView::Expanded(const Node& node) const {
-  return model() != nullptr && isExpanded(nodes_.IndexOf(&node));
+  return isExpanded(nodes_.IndexOf(&node));
 }
 
 void TreeView::SetExpanded(Node& node, bool expanded) {
-  if (!expanded && model() == nullptr) return;
-  AttachModel();
   QTreeView::setExpanded(nodes_.IndexOf(&node), expanded);
 }
 
 void TreeView::EnsureVisible(Node& node) {
-  AttachModel();
   scrollTo(nodes_.IndexOf(&node));
 }
 
-void TreeView::RemoveNode(const QString& key) {
+void TreeView::RemoveNode(EntryKey key) {
   Node& node = nodes_.Item(key);
   const Node* above = SelectedItem();
   while (above != nullptr && above != &node) above = above->Parent();
   if (above != nullptr) {
     Node* next = node.Next() != nullptr ? node.Next() : node.Previous();
     if (next == nullptr) next = node.Parent();
-    if (next != nullptr) {
-      SetSelectedItem(*next);
-    } else {
-      selectedBeforeShow_ = nullptr;
-    }
+    if (next != nullptr) SetSelectedItem(*next);
   }
   nodes_.Remove(key);
 }
@@ -183,7 +164,7 @@ Node* TreeView::NodeUnder(const QPoint& position) const {
 // The one column is as wide as the widest node that was in sight since the rows last changed, so
 // that long labels can be scrolled to.
 void TreeView::FitColumn(bool rowsChanged) {
-  if (model() == nullptr || !isVisible()) return;
+  if (!isVisible()) return;
   const int inSight = sizeHintForColumn(0);
   widest_ = rowsChanged ? inSight : qMax(widest_, inSight);
   const int width = qMax(viewport()->width(), widest_);
@@ -213,19 +194,14 @@ void TreeView::updateGeometries() {
   labelEditing_->Place();
 }
 
-void TreeView::showEvent(QShowEvent* event) {
-  AttachModel();
-  QTreeView::showEvent(event);
-}
-
 // ---- mouse
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
   const bool hadFocus = !focusCameWithPress_;
   labelEditing_->Disarm();
   const QPoint position = event->position().toPoint();
-  Q_EMIT MouseDown(MouseButton(event->button()), ShiftState(event->modifiers()),
-                   PixelsToTwips(position.x()), PixelsToTwips(position.y()));
+  Q_EMIT MouseDown(MouseButton(event->button()), PixelsToTwips(position.x()),
+                   PixelsToTwips(position.y()));
   Node* node = NodeUnder(position);
   pressedAt_ = position;
   if (event->button() == Qt::RightButton) {
@@ -259,8 +235,8 @@ void TreeView::mouseMoveEvent(QMouseEvent* event) {
 void TreeView::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint position = event->position().toPoint();
   if (event->button() == Qt::LeftButton) labelEditing_->Clicked();
-  Q_EMIT MouseUp(MouseButton(event->button()), ShiftState(event->modifiers()),
-                 PixelsToTwips(position.x()), PixelsToTwips(position.y()));
+  Q_EMIT MouseUp(MouseButton(event->button()), PixelsToTwips(position.x()),
+                 PixelsToTwips(position.y()));
   if (event->button() != Qt::RightButton) return;
   Node* clicked = std::exchange(dropHighlight_, nullptr);
   delegate_->SetDropHighlight(QModelIndex());
@@ -276,8 +252,8 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
     mousePressEvent(event);  // quick clicks on boxes, on other nodes or with other buttons
     return;
   }
-  Q_EMIT MouseDown(MouseButton(event->button()), ShiftState(event->modifiers()),
-                   PixelsToTwips(position.x()), PixelsToTwips(position.y()));
+  Q_EMIT MouseDown(MouseButton(event->button()), PixelsToTwips(position.x()),
+                   PixelsToTwips(position.y()));
   SetExpanded(*node, !Expanded(*node));
 }
 

@@ -39,8 +39,7 @@ class TreeView : public QTreeView {
   void SetLabelEdit(LabelEdit labelEdit) { labelEdit_ = labelEdit; }
   // In twips; no less than what the lines and boxes need.
   void SetIndentation(float twips);
-  // `images` must outlive the tree.
-  void SetImageList(const ImageList* images);
+  void SetImageList(const ImageList& images);
 
   // Null when there is none.
   Node* SelectedItem() const;
@@ -54,7 +53,7 @@ class TreeView : public QTreeView {
   void EnsureVisible(Node& node);
   // Removes the node with its subtree. When the selected node goes with it, the next sibling is
   // selected, else the previous one, else the parent.
-  void RemoveNode(const QString& key);
+  void RemoveNode(EntryKey key);
 
   // Opens the label editor on the selected node, unless there is none or BeforeLabelEdit refuses.
   void StartLabelEdit();
@@ -77,9 +76,9 @@ class TreeView : public QTreeView {
  Q_SIGNALS:
   // The user selected `node` by mouse or keyboard, or clicked it with the right button.
   void NodeClick(Node* node);
-  // Positions in twips; buttons and shift states as in mouse.h.
-  void MouseDown(int button, int shift, float x, float y);
-  void MouseUp(int button, int shift, float x, float y);
+  // Positions in twips; buttons as in mouse.h.
+  void MouseDown(int button, float x, float y);
+  void MouseUp(int button, float x, float y);
   // The editor is about to open on the selected node; a non-zero `cancel` refuses it.
   void BeforeLabelEdit(qint16& cancel);
   // The user has ended the editing of the selected node's label, the editor is closed; a non-zero
@@ -99,7 +98,6 @@ class TreeView : public QTreeView {
   void inputMethodEvent(QInputMethodEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  void showEvent(QShowEvent* event) override;
   void updateGeometries() override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
@@ -108,7 +106,6 @@ class TreeView : public QTreeView {
   void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
 
  private:
-  void AttachModel();
   Node* NodeUnder(const QPoint& position) const;
   void AskForContextMenu();
   void FitColumn(bool rowsChanged);
@@ -123,8 +120,6 @@ class TreeView : public QTreeView {
   TreeItemDelegate* delegate_;
   std::unique_ptr<LabelEditing> labelEditing_;
   LabelEdit labelEdit_ = LabelEdit::kAutomatic;
-  // Used while the view has no model yet; afterwards the current index tells.
-  Node* selectedBeforeShow_ = nullptr;
   Node* dropHighlight_ = nullptr;
   int widest_ = 0;
   QPoint pressedAt_;

@@ -17,7 +17,8 @@ namespace {
 
 // All rows of `statement`, in one go: the driver's cursor is gone before anybody looks at them. A
 // forward-only cursor is the fastest one with every driver.
-RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement) {
+RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement,
+                   const QByteArrayList& columns = {}) {
   // Enough for nearly every name; when it is not, the statement is run again.
   constexpr size_t kTextBytes = 1024;
   connection.TakeStep();
@@ -26,7 +27,7 @@ RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement) {
   for (size_t textBytes = kTextBytes; textBytes != 0;) {
     const OdbcHandle hstmt = connection.NewStatement();
     hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(text), SQL_NTS));
-    textBytes = rows.Read(hstmt, textBytes);
+    textBytes = rows.Read(hstmt, columns, textBytes);
   }
   return rows;
 }
@@ -69,7 +70,10 @@ struct Recordset::Impl {
   void RequireOpen() const;
   // Between AddNew and Update there is nothing to do but to fill in the row.
   void RequireRows() const;
-  void RequireCurrentRow() const;
+  void RequireCurrentRow() const {
+    if (adding || current >= rows.RowCount()) FailWithoutCurrentRow();
+  }
+  [[noreturn]] void FailWithoutCurrentRow() const;
   // The number that the database has given to the row just stored, which stands in `column`.
   qint64 GivenNumber(size_t column) const;
 };
@@ -84,9 +88,9 @@ void Recordset::Impl::RequireRows() const {
   if (rows.RowCount() == 0) throw DatabaseError(QStringLiteral("记录集中没有记录。"));
 }
 
-void Recordset::Impl::RequireCurrentRow() const {
+void Recordset::Impl::FailWithoutCurrentRow() const {
   RequireRows();
-  if (current == rows.RowCount()) throw DatabaseError(QStringLiteral("没有当前记录。"));
+  throw DatabaseError(QStringLiteral("没有当前记录。"));
 }
 
 qint64 Recordset::Impl::GivenNumber(size_t column) const {
@@ -113,11 +117,11 @@ void Recordset::Open(const QString& statement, Connection& connection) {
 }
 
 void Recordset::Open(const QString& statement, Connection& connection, CursorType,
-                     LockType lockType) {
+                     LockType lockType, const QByteArrayList& columns) {
   if (IsOpen()) throw DatabaseError(QStringLiteral("对象打开时，不允许操作。"));
   connection.impl_->RequireOpen();
   auto opened = std::make_unique<Impl>();
-  opened->rows = ReadRows(*connection.impl_, statement);
+  opened->rows = ReadRows(*connection.impl_, statement, columns);
   opened->lockType = impl_->lockType;
   opened->connection = connection.impl_.get();
   opened->readOnly = lockType != LockType::kOptimistic;
@@ -193,6 +197,15 @@ QString Recordset::FieldText(size_t column) const {
   impl_->RequireCurrentRow();
   if (impl_->rows.IsText(column)) return impl_->rows.Text(column, impl_->current).toString();
   return QString::number(impl_->rows.Number(column, impl_->current));
+}
+
+QStringView Recordset::FieldView(size_t column) const {
+  impl_->RequireCurrentRow();
+  if (!impl_->rows.IsText(column)) {
+    throw DatabaseError(QStringLiteral("字段“%1”不是文字。")
+                            .arg(QString::fromUtf8(impl_->rows.ColumnName(column))));
+  }
+  return impl_->rows.Text(column, impl_->current);
 }
 
 void Recordset::AddNew() {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QByteArrayList>
 #include <QString>
 #include <QStringView>
 
@@ -35,10 +36,11 @@ class Recordset {
   void SetLockType(LockType lockType);
 
   // Runs `statement` on `connection`, which must outlive the record set, and stands on the first
-  // row, or at the end when there is none. An unspecified lock is read-only.
+  // row, or at the end when there is none. An unspecified lock is read-only. Where `columns` names
+  // some, the record set has only these; the drivers take long over each one of many rows.
   void Open(const QString& statement, Connection& connection);
   void Open(const QString& statement, Connection& connection, CursorType cursorType,
-            LockType lockType);
+            LockType lockType, const QByteArrayList& columns = {});
 
   bool IsOpen() const;
 
@@ -70,6 +72,8 @@ class Recordset {
   size_t ColumnOf(const char* name) const;
   qint32 FieldInteger(size_t column) const;
   QString FieldText(size_t column) const;
+  // A text where it stands, until the record set changes. Fails for a column of numbers.
+  QStringView FieldView(size_t column) const;
 
   // AddNew begins a row, SetField fills it in, Update stores it; in between there is no current
   // row. The new row is then the record set's last and current row; a number that was not set reads

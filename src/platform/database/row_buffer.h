@@ -5,7 +5,7 @@
 
 #include "odbc_handle.h"
 
-#include <QByteArray>
+#include <QByteArrayList>
 #include <QStringView>
 
 #include <string>
@@ -15,10 +15,11 @@
 // in one UTF-16 string, so that a row costs no allocation of its own. A NULL is 0 or empty.
 class RowBuffer {
  public:
-  // Takes the columns of the executed `statement` and its rows, in blocks with a place of at least
-  // `textBytes` bytes for each text, which drivers give in UTF-8. 0 when that was enough. Otherwise
-  // the rows are incomplete, and the result is the number of bytes to try next.
-  size_t Read(const OdbcHandle& statement, size_t textBytes);
+  // Takes the columns of the executed `statement`, or those of them that `columns` names if any,
+  // and its rows, in blocks with a place of at least `textBytes` bytes for each text, which drivers
+  // give in UTF-8. 0 when that was enough. Otherwise the rows are incomplete, and the result is the
+  // number of bytes to try next.
+  size_t Read(const OdbcHandle& statement, const QByteArrayList& columns, size_t textBytes);
 
   size_t RowCount() const { return rowCount_; }
   size_t ColumnCount() const { return columns_.size(); }
@@ -42,6 +43,7 @@ class RowBuffer {
  private:
   struct Column {
     QByteArray name;
+    SQLUSMALLINT number = 0;  // in the statement
     bool isText = false;
     size_t bytes = 0;  // the longest text as far as the driver knows
     std::vector<qint64> numbers;
@@ -49,7 +51,7 @@ class RowBuffer {
     std::vector<size_t> ends;
   };
 
-  void TakeColumns(const OdbcHandle& statement);
+  void TakeColumns(const OdbcHandle& statement, const QByteArrayList& columns);
 
   std::vector<Column> columns_;
   size_t rowCount_ = 0;

@@ -3,6 +3,8 @@
 
 #include "registry_file.h"
 
+#include "log.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
@@ -63,8 +65,8 @@ bool ReadRegistryFile(const QString& path, RegistryKeys& keys) {
   const QByteArray content =
       regular && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   if (!regular || file.error() != QFile::NoError) {
-    qWarning("%s：无法读取：%s", qUtf8Printable(path),
-             regular ? qUtf8Printable(file.errorString()) : "不是普通文件");
+    qCWarning(lcHCWordLib, "%s：无法读取：%s", qUtf8Printable(path),
+              regular ? qUtf8Printable(file.errorString()) : "不是普通文件");
     return false;
   }
   RegistryValues* key = nullptr;
@@ -74,7 +76,7 @@ bool ReadRegistryFile(const QString& path, RegistryKeys& keys) {
     QStringDecoder decode(QStringDecoder::Utf8);  // drops a byte order mark
     const QString line = QString(decode(bytes)).trimmed();
     const auto skip = [&](const char* reason) {
-      qWarning("%s:%d：%s，已忽略此行", qUtf8Printable(path), number, reason);
+      qCWarning(lcHCWordLib, "%s:%d：%s，已忽略此行", qUtf8Printable(path), number, reason);
     };
     if (decode.hasError()) {
       skip("不是 UTF-8 文字");

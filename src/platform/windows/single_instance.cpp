@@ -3,6 +3,8 @@
 
 #include "single_instance.h"
 
+#include "log.h"
+
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
@@ -32,18 +34,14 @@ std::array<QByteArray, 3> UserFolders() {
           QFile::encodeName(cache)};
 }
 
-// Opens the folder, makes it if need be; -1 unless it is this user's and closed to all others.
-int OpenPrivateFolder(const QByteArray& path) {
+// Opens the folder, makes it if need be; none unless it is this user's and closed to all others.
+FileDescriptor OpenPrivateFolder(const QByteArray& path) {
   mkdir(path.constData(), S_IRWXU);
-  const int folder = open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-  if (folder < 0) return -1;
+  FileDescriptor folder(open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   struct stat status {};
-  if (fstat(folder, &status) == 0 && status.st_uid == geteuid() &&
-      (status.st_mode & (S_IRWXG | S_IRWXO)) == 0) {
-    return folder;
-  }
-  close(folder);
-  return -1;
+  const bool isPrivate = folder && fstat(folder.Get(), &status) == 0 &&
+                         status.st_uid == geteuid() && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+  return isPrivate ? std::move(folder) : FileDescriptor();
 }
 
 // The socket's address by the open folder: short enough however deep the folder lies.
@@ -70,60 +68,55 @@ SingleInstance::SingleInstance(const QByteArray& appName) {
       return;
     }
   }
-  qWarning("没有仅供本用户使用的文件夹，无法得知程序是否已在运行。");
+  qCWarning(lcHCWordLib, "没有仅供本用户使用的文件夹，无法得知程序是否已在运行。");
 }
 
 SingleInstance::~SingleInstance() {
-  notifier_.reset();
-  for (const int descriptor : {socket_, lock_, folder_}) {
-    if (descriptor >= 0) close(descriptor);
-  }
+  notifier_.reset();  // before the socket that it watches
 }
 
 // Tries for the lock in this folder; false when the folder cannot serve.
 bool SingleInstance::Claim(const QByteArray& folder) {
-  folder_ = OpenPrivateFolder(folder);
-  if (folder_ < 0) return false;
-  lock_ = openat(folder_, "lock", O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
-  if (lock_ >= 0) {
-    if (flock(lock_, LOCK_EX | LOCK_NB) == 0) return true;
-    prevInstance_ = errno == EWOULDBLOCK;
-    if (prevInstance_) return true;
-    close(std::exchange(lock_, -1));
-  }
-  close(std::exchange(folder_, -1));
-  return false;
+  FileDescriptor place = OpenPrivateFolder(folder);
+  FileDescriptor lock(
+      openat(place.Get(), "lock", O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+  if (!lock) return false;
+  const bool isFree = flock(lock.Get(), LOCK_EX | LOCK_NB) == 0;
+  if (!isFree && errno != EWOULDBLOCK) return false;
+  prevInstance_ = !isFree;
+  folder_ = std::move(place);
+  lock_ = std::move(lock);
+  return true;
 }
 
 // Without the socket the lock still holds; a later instance then ends without the window coming up.
 void SingleInstance::Listen() {
-  unlinkat(folder_, "socket", 0);
-  socket_ = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+  unlinkat(folder_.Get(), "socket", 0);
+  socket_ = FileDescriptor(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
   const int on = 1;
-  const sockaddr_un address = SocketAddress(folder_);
-  if (socket_ < 0 || setsockopt(socket_, SOL_SOCKET, SO_PASSCRED, &on, sizeof on) != 0 ||
-      bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
-    qWarning("无法接收再次启动的请求：%s", std::strerror(errno));
-    if (socket_ >= 0) close(std::exchange(socket_, -1));
+  const sockaddr_un address = SocketAddress(folder_.Get());
+  if (!socket_ || setsockopt(socket_.Get(), SOL_SOCKET, SO_PASSCRED, &on, sizeof on) != 0 ||
+      bind(socket_.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+    qCWarning(lcHCWordLib, "无法接收再次启动的请求：%s", std::strerror(errno));
+    socket_ = FileDescriptor();
   }
 }
 
 void SingleInstance::HandOver() const {
   const QByteArray request = TakeFromEnvironment("XDG_ACTIVATION_TOKEN") + '\0' +
                              TakeFromEnvironment("DESKTOP_STARTUP_ID");
-  const int sender = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  if (sender < 0) return;
-  const sockaddr_un address = SocketAddress(folder_);
+  const FileDescriptor sender(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+  if (!sender) return;
+  const sockaddr_un address = SocketAddress(folder_.Get());
   // Nobody listens yet, or enough requests wait: the window comes up without this one.
-  sendto(sender, request.constData(), static_cast<std::size_t>(request.size()), 0,
+  sendto(sender.Get(), request.constData(), static_cast<std::size_t>(request.size()), 0,
          reinterpret_cast<const sockaddr*>(&address), sizeof address);
-  close(sender);
 }
 
 void SingleInstance::Serve(std::function<void(const ActivationToken&)> handler) {
   handler_ = std::move(handler);
-  if (socket_ < 0) return;
-  notifier_ = std::make_unique<QSocketNotifier>(socket_, QSocketNotifier::Read);
+  if (!socket_) return;
+  notifier_ = std::make_unique<QSocketNotifier>(socket_.Get(), QSocketNotifier::Read);
   QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
                    [this] { Receive(); });
 }
@@ -137,7 +130,7 @@ void SingleInstance::Receive() {
   message.msg_iovlen = 1;
   message.msg_control = control.data();
   message.msg_controllen = control.size();
-  const ssize_t length = recvmsg(socket_, &message, MSG_CMSG_CLOEXEC);
+  const ssize_t length = recvmsg(socket_.Get(), &message, MSG_CMSG_CLOEXEC);
   if (length < 0) return;
 
   ucred sender{};

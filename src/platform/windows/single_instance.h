@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "file_descriptor.h"
+
 #include <QByteArray>
 #include <QSocketNotifier>
 
@@ -42,9 +44,9 @@ class SingleInstance {
   void Listen();
   void Receive();
 
-  int folder_ = -1;
-  int lock_ = -1;
-  int socket_ = -1;
+  FileDescriptor folder_;
+  FileDescriptor lock_;
+  FileDescriptor socket_;
   bool prevInstance_ = false;
   std::unique_ptr<QSocketNotifier> notifier_;
   std::function<void(const ActivationToken&)> handler_;

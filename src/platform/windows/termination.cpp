@@ -40,11 +40,12 @@ void Close(QWidget& window) {
 void CloseOnTermination(QWidget& window, std::function<void()> prepare) {
   if (pipe2(gPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
   auto* const asked = new QSocketNotifier(gPipe[0], QSocketNotifier::Read, &window);
-  QObject::connect(asked, &QSocketNotifier::activated, &window, [asked, &window, prepare = std::move(prepare)] {
-    asked->setEnabled(false);
-    prepare();
-    Close(window);
-  });
+  QObject::connect(asked, &QSocketNotifier::activated, &window,
+                   [asked, &window, prepare = std::move(prepare)] {
+                     asked->setEnabled(false);
+                     prepare();
+                     Close(window);
+                   });
   struct sigaction action = {};
   action.sa_handler = PassOn;
   action.sa_flags = SA_RESTART;

@@ -3,6 +3,7 @@
 
 #include "event_guard.h"
 
+#include "log.h"
 #include "message_box.h"
 
 #include <QApplication>
@@ -16,7 +17,7 @@ void EndProgram() {
 }
 
 void ReportErrorAndEnd(const QString& description) {
-  std::fprintf(stderr, "hcwordlib: %s\n", qUtf8Printable(description));
+  qCCritical(lcHCWordLib, "%s", qUtf8Printable(description));
   MsgBox(QApplication::activeWindow(), description, MsgBoxButtons::kOkOnly, MsgBoxIcon::kCritical);
   EndProgram();
 }

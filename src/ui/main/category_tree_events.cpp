@@ -4,17 +4,17 @@
 #include "frm_main.h"
 
 #include "busy_pointer.h"
-#include "com_func.h"
 #include "data_base_funcs.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "error.h"
 #include "event_guard.h"
+#include "library.h"
 #include "list_view.h"
+#include "log.h"
 #include "message_box.h"
-#include "recordset.h"
+#include "mouse.h"
 #include "shared_objects.h"
-#include "statements.h"
 #include "status_bar.h"
 #include "tree_view.h"
 #include "word_tree.h"
@@ -22,16 +22,13 @@
 #include <QAction>
 #include <QMenu>
 
-#include <cstdio>
-#include <memory>
-
-QString frmMain::SelectedTag() const {
+EntryTag frmMain::SelectedTag() const {
   const Node* selected = tvTreeView->SelectedItem();
-  return selected == nullptr ? QString() : selected->Tag();
+  return selected == nullptr ? EntryTag() : selected->Tag();
 }
 
 void frmMain::tvTreeView_NodeClick() {
-  sbStatusBar->SetPanelText(SelectedTag());
+  sbStatusBar->SetPanelText(TagText(SelectedTag()));
   if (!RightButtonDown) FillList();
 }
 
@@ -43,14 +40,14 @@ void frmMain::ClearList() {
 void frmMain::FillList() {
   ClearList();
   const Node* selected = tvTreeView->SelectedItem();
-  const bool categories = selected->Tag() == kAppTitle;
+  const bool categories = selected->Tag() == kRootTag;
   ListPrptys& records = TheWordTree().colListPrptys();
   for (const Node* child = selected->Child(); child != nullptr; child = child->Next()) {
-    const QString key = child->Key();
+    const EntryKey key = child->Key();
     TheEditFuncs().AddListItem(*lvListView, child->Text(), child->Image(), child->Tag(), key);
     if (categories) {
       const DictPrpty& category = TheWordTree().colDictPrptys().Item(key);
-      records.Add(category.DicID(), 0, QString(), 0, category.NodeKey(), category.NodeName(),
+      records.Add(category.DicID(), 0, EntryKey(), 0, category.NodeKey(), category.NodeName(),
                   category.Tag(), category.NodeKey());
     } else {
       const TreePrpty& word = TheWordTree().colTreePrptys().Item(key);
@@ -61,12 +58,12 @@ void frmMain::FillList() {
 }
 
 void frmMain::tvTreeView_MouseDown(int Button) {
-  if (Button == 1) RightButtonDown = false;
-  if (Button == 2) RightButtonDown = true;
+  if (Button == kLeftButton) RightButtonDown = false;
+  if (Button == kRightButton) RightButtonDown = true;
 }
 
 void frmMain::tvTreeView_MouseUp(int Button) {
-  if (Button != 2) return;
+  if (Button != kRightButton) return;
   IgnoringErrors([this] {
     Node* clicked = tvTreeView->DropHighlight();
     if (clicked == nullptr) throw Error(QStringLiteral("未设置对象变量"));
@@ -81,8 +78,8 @@ void frmMain::ShowPopMnu(const QPoint& position) {
        {mnuPopNewItem, mnuPopNewWord, mnuPopSep1, mnuPopDelete, mnuPopSep2, mnuPopRename}) {
     item->setVisible(true);
   }
-  const QString tag = SelectedTag();
-  if (tag == kAppTitle) {
+  const EntryTag tag = SelectedTag();
+  if (tag == kRootTag) {
     for (QAction* item : {mnuPopNewWord, mnuPopDelete, mnuPopRename, mnuPopSep1, mnuPopSep2}) {
       item->setVisible(false);
     }
@@ -94,14 +91,13 @@ void frmMain::ShowPopMnu(const QPoint& position) {
 
 void frmMain::tvTreeView_BeforeLabelEdit(qint16& Cancel) {
   EditAgain = false;  // whichever way it opens, it need not open again
-  if (SelectedTag() == kAppTitle) Cancel = 1;
+  if (SelectedTag() == kRootTag) Cancel = 1;
 }
 
 // Nobody is there to read a message once the program has been told to end.
 void frmMain::Refuse(const QString& name, const QString& why) {
   if (isTerminating_) {
-    std::fprintf(stderr, "hcwordlib: 名称“%s”没有保存：%s\n", qUtf8Printable(name),
-                 qUtf8Printable(why));
+    qCWarning(lcHCWordLib, "名称“%s”没有保存：%s", qUtf8Printable(name), qUtf8Printable(why));
   } else {
     MsgBox(this, why, MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
   }
@@ -109,7 +105,7 @@ void frmMain::Refuse(const QString& name, const QString& why) {
 
 // The tree raises this for its selected node only.
 void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString) {
-  const QString key = tvTreeView->SelectedItem()->Key();
+  const EntryKey key = tvTreeView->SelectedItem()->Key();
   const bool category = SelectedTag() == kCategoryTag;
   if (NewString.isEmpty()) {
     Refuse(NewString, category ? QStringLiteral("分类条目不能为空字符。")
@@ -134,28 +130,21 @@ void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString
   }
   const BusyPointer busy;
   if (category) {
-    TheDBFuncs().UpdateItem(NewString, 1, TheWordTree().colDictPrptys().Item(key).DicID(), 0);
+    TheDBFuncs().UpdateItem(NewString, kSelCategory,
+                            TheWordTree().colDictPrptys().Item(key).DicID(), 0);
     TheWordTree().colDictPrptys().Rename(key, NewString);
   } else {
     const TreePrpty& word = TheWordTree().colTreePrptys().Item(key);
-    TheDBFuncs().UpdateItem(NewString, 2, word.DicID(), word.ID());
+    TheDBFuncs().UpdateItem(NewString, kSelWord, word.DicID(), word.ID());
     TheWordTree().colTreePrptys().Rename(key, NewString);
   }
 }
 
-// Whether the database has the name already: as a category's when the node keyed `key` is one, else
-// as that of a word of the same category.
-bool frmMain::IsTaken(const QString& name, const QString& key) const {
+bool frmMain::IsTaken(const QString& name, EntryKey key) const {
   const BusyPointer busy;
-  const QString query =
-      SelectedTag() == kCategoryTag
-          ? Statement::SelectCategoryNamed(name)
-          : Statement::SelectWordNamed(name, TheWordTree().colTreePrptys().Item(key).DicID());
-  auto sameName = std::make_unique<Recordset>();
-  sameName->Open(query, TheConn(), CursorType::kStatic, LockType::kUnspecified);
-  const bool isTaken = !sameName->IsEof();
-  CloseRecordset(sameName);
-  return isTaken;
+  return SelectedTag() == kCategoryTag
+             ? IsCategoryNameTaken(TheConn(), name)
+             : IsWordNameTaken(TheConn(), name, TheWordTree().colTreePrptys().Item(key).DicID());
 }
 
 void frmMain::tvTreeView_GotFocus() {

@@ -54,7 +54,6 @@ frmMain::frmMain() : placement_(*this) {
 frmMain::~frmMain() {
   // The controls go before the image lists and the records that their handlers use.
   client->removeEventFilter(this);
-  tvTreeView->removeEventFilter(this);
   delete takeCentralWidget();
 }
 
@@ -101,7 +100,7 @@ void frmMain::CreateBars() {
   tbToolBar = new ToolBar;
   tbToolBar->setObjectName(QStringLiteral("tbToolBar"));
   tbToolBar->setAccessibleName(QStringLiteral("工具栏"));
-  tbToolBar->SetImageList(&imlToolbarIcons);
+  tbToolBar->SetImageList(imlToolbarIcons);
   tbToolBar->AddButton(QStringLiteral("新条目"), 1);
   tbToolBar->AddButton(QStringLiteral("新词"), 2);
   tbToolBar->AddSeparator();
@@ -192,9 +191,9 @@ void frmMain::ConnectEvents() {
   connect(tvTreeView, &TreeView::NodeClick, this,
           Guarded([this](Node*) { tvTreeView_NodeClick(); }));
   connect(tvTreeView, &TreeView::MouseDown, this,
-          Guarded([this](int Button, int, float, float) { tvTreeView_MouseDown(Button); }));
+          Guarded([this](int Button, float, float) { tvTreeView_MouseDown(Button); }));
   connect(tvTreeView, &TreeView::MouseUp, this,
-          Guarded([this](int Button, int, float, float) { tvTreeView_MouseUp(Button); }));
+          Guarded([this](int Button, float, float) { tvTreeView_MouseUp(Button); }));
   connect(tvTreeView, &TreeView::BeforeLabelEdit, this,
           Guarded([this](qint16& Cancel) { tvTreeView_BeforeLabelEdit(Cancel); }));
   connect(tvTreeView, &TreeView::AfterLabelEdit, this,
@@ -205,7 +204,7 @@ void frmMain::ConnectEvents() {
   connect(tvTreeView, &TreeView::ContextMenuKey, this,
           Guarded([this](const QPoint& position) { ShowPopMnu(position); }));
   connect(lvListView, &ListView::MouseMove, this,
-          Guarded([this](int, int, float X, float Y) { lvListView_MouseMove(X, Y); }));
+          Guarded([this](int, float X, float Y) { lvListView_MouseMove(X, Y); }));
 
   connect(tbToolBar, &ToolBar::ButtonClick, this,
           Guarded([this](ToolBarButton& Button) { tbToolBar_ButtonClick(Button); }));
@@ -216,24 +215,20 @@ void frmMain::ConnectEvents() {
           Guarded([this](float) { cbStatusBar_HeightChanged(); }));
 
   connect(picShowSplitter, &PictureBox::MouseDown, this,
-          Guarded([this](int, int, float, float) { picShowSplitter_MouseDown(); }));
+          Guarded([this](int, float, float) { picShowSplitter_MouseDown(); }));
   connect(picShowSplitter, &PictureBox::MouseMove, this,
-          Guarded([this](int, int, float X, float) { picShowSplitter_MouseMove(X); }));
+          Guarded([this](int, float X, float) { picShowSplitter_MouseMove(X); }));
   connect(picShowSplitter, &PictureBox::MouseUp, this,
-          Guarded([this](int, int, float, float) { picShowSplitter_MouseUp(); }));
-  connect(picTreeContain, &PictureBox::MouseMove, this,
-          Guarded([this](int Button, int, float X, float Y) {
-            picTreeContain_MouseMove(Button, X, Y);
-          }));
-  connect(picTreeContain, &PictureBox::MouseDown, this,
-          Guarded([this](int Button, int, float X, float Y) {
-            picTreeContain_MouseDown(Button, X, Y);
-          }));
+          Guarded([this](int, float, float) { picShowSplitter_MouseUp(); }));
   connect(
-      picTreeContain, &PictureBox::MouseUp, this,
-      Guarded([this](int Button, int, float X, float Y) { picTreeContain_MouseUp(Button, X, Y); }));
+      picTreeContain, &PictureBox::MouseMove, this,
+      Guarded([this](int Button, float X, float Y) { picTreeContain_MouseMove(Button, X, Y); }));
+  connect(
+      picTreeContain, &PictureBox::MouseDown, this,
+      Guarded([this](int Button, float X, float Y) { picTreeContain_MouseDown(Button, X, Y); }));
+  connect(picTreeContain, &PictureBox::MouseUp, this,
+          Guarded([this](int Button, float X, float Y) { picTreeContain_MouseUp(Button, X, Y); }));
   // Where the pointer has left the pane, the bar is plain again.
-  tvTreeView->installEventFilter(this);
   connect(picTreeContain, &PictureBox::MouseLeave, this,
           Guarded([this] { DrawSortBar(*picTreeContain); }));
 

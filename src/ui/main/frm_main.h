@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "entry_key.h"
 #include "image_list.h"
 #include "layout_arithmetic.h"
 #include "window_placement.h"
@@ -72,7 +73,7 @@ class frmMain : public QMainWindow {
   void tvTreeView_GotFocus();
   void lvListView_MouseMove(float X, float Y);
   void Refuse(const QString& name, const QString& why);
-  bool IsTaken(const QString& name, const QString& key) const;
+  bool IsTaken(const QString& name, EntryKey key) const;
   void FillList();
   void ShowPopMnu(const QPoint& position);
 
@@ -88,10 +89,13 @@ class frmMain : public QMainWindow {
   void NewDict();
   void NewWord(qint32 Sel);
   void DeleteNode(qint32 Sel);
-  void DeleteWords(const QString& NodeKey);
-  bool ListShowsBrothers(const QString& NodeKey) const;
+  void DeleteCategory(EntryKey NodeKey);
+  void DeleteWords(EntryKey NodeKey);
+  void ClearListOfChildren(EntryKey NodeKey);
+  [[noreturn]] void EndWithoutIdentifier(const QString& reason);
+  bool ListShowsBrothers(EntryKey NodeKey) const;
   void ClearList();
-  QString SelectedTag() const;
+  EntryTag SelectedTag() const;
 
   // Bars and menus.
   void mnuClose_Click();

@@ -58,8 +58,6 @@ void frmMain::Form_Resize() {
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
   const bool resized = event->type() == QEvent::Resize || event->type() == QEvent::Show;
   if (watched == client && resized) Form_Resize();
-  // The pointer left the caption bar for the tree below, which its pane is not told of.
-  if (watched == tvTreeView && event->type() == QEvent::Enter) DrawSortBar(*picTreeContain);
   return QMainWindow::eventFilter(watched, event);
 }
 

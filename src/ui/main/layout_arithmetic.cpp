@@ -5,6 +5,48 @@
 
 namespace {
 
+// All in twips.
+constexpr float kLeastPaneWidth = 1500;
+constexpr float kPaneGap = 20;  // between the panes
+// How much narrower or lower than its surroundings something is.
+constexpr float kTreeWidthLess = 140;
+constexpr float kTreeHeightLess = 330;
+constexpr float kPanesWidthLess = 160;
+constexpr float kListWidthLess = 20;
+constexpr float kListHeightLess = 10;
+constexpr float kToolBarWidthLess = 60;
+constexpr float kStatusBarWidthLess = 120;
+
+constexpr float kTreeLeft = 30;
+constexpr float kTreeTop = 260;  // below the caption bar
+constexpr float kListLeft = 800;
+constexpr float kListTop = 10;
+constexpr float kToolBarTop = 120;
+constexpr float kImageLeft = 100;
+constexpr float kImageTop = 150;
+constexpr float kTitleLeft = 150;
+constexpr float kTitleTop = 1200;
+constexpr float kGripOverlap = 40;  // of the tree pane
+
+// What depends on whether the tool bar shows.
+struct Heights {
+  float treeTop;
+  float listBelowTree;
+  float allowance;  // what of the height is not the tree pane's
+  float listLess;   // than the tree pane's height
+  float gripBelowTree;
+  float gripLess;
+};
+constexpr float kNoToolBarAllowance = 60;
+constexpr float kNoStatusBarAllowance = 60;
+
+Heights HeightsFor(const LayoutInput& input) {
+  if (input.toolBarVisible) {
+    return {input.toolBarHeight + 60, 80, input.toolBarHeight, 90, 50, 90};
+  }
+  return {50, 10, kNoToolBarAllowance, 30, 20, 60};
+}
+
 void SetSize(float& size, float value) {
   if (value >= 0) size = value;
 }
@@ -19,52 +61,46 @@ void Move(TwipsRect& rect, const TwipsRect& to) {
 void Arrange(Layout& layout, const LayoutInput& input, float treeWidth) {
   TwipsRect& tree = layout.picTreeContain;
   TwipsRect& list = layout.picListContain;
-  if (treeWidth < 1500) treeWidth = 1500;
-  if (treeWidth > input.width - 1500) treeWidth = input.width - 1500;
+  const Heights heights = HeightsFor(input);
+  if (treeWidth < kLeastPaneWidth) treeWidth = kLeastPaneWidth;
+  if (treeWidth > input.width - kLeastPaneWidth) treeWidth = input.width - kLeastPaneWidth;
 
   tree.left = 0;
   SetSize(tree.width, treeWidth);
-  layout.tvTreeView.left = 30;
-  SetSize(layout.tvTreeView.width, tree.width - 140);
-  list.left = treeWidth + 20;
-  SetSize(list.width, input.width - (tree.width + 160));
-  layout.lvListView.left = 800;
-  SetSize(layout.lvListView.width, list.width - 20 - 800);
+  layout.tvTreeView.left = kTreeLeft;
+  SetSize(layout.tvTreeView.width, tree.width - kTreeWidthLess);
+  list.left = treeWidth + kPaneGap;
+  SetSize(list.width, input.width - (tree.width + kPanesWidthLess));
+  layout.lvListView.left = kListLeft;
+  SetSize(layout.lvListView.width, list.width - kListWidthLess - kListLeft);
   layout.columnWidth = layout.lvListView.width;
 
-  layout.cbToolBar.top = 120;
+  layout.cbToolBar.top = kToolBarTop;
   layout.cbToolBar.height = input.toolBarHeight;
-  float allowance = 60;
+  tree.top = heights.treeTop;
+  list.top = tree.top + heights.listBelowTree;
   if (input.toolBarVisible) {
-    tree.top = input.toolBarHeight + 60;
-    list.top = tree.top + 80;
-    allowance = input.toolBarHeight;
     layout.cbToolBar.left = 0;
-    SetSize(layout.cbToolBar.width, input.width - 60);
-  } else {
-    tree.top = 50;
-    list.top = tree.top + 10;
+    SetSize(layout.cbToolBar.width, input.width - kToolBarWidthLess);
   }
-  layout.tvTreeView.top = 260;
-  layout.lvListView.top = 10;
+  layout.tvTreeView.top = kTreeTop;
+  layout.lvListView.top = kListTop;
 
   if (input.statusBarVisible) {
-    Move(layout.cbStatusBar,
-         {0, input.scaleHeight - input.statusBarHeight, input.width - 120, input.statusBarHeight});
-    SetSize(tree.height, input.scaleHeight - input.statusBarHeight - allowance);
+    const float top = input.scaleHeight - input.statusBarHeight;
+    Move(layout.cbStatusBar, {0, top, input.width - kStatusBarWidthLess, input.statusBarHeight});
+    SetSize(tree.height, top - heights.allowance);
   } else {
-    SetSize(tree.height, input.scaleHeight - allowance - 60);
+    SetSize(tree.height, input.scaleHeight - heights.allowance - kNoStatusBarAllowance);
   }
-  SetSize(layout.tvTreeView.height, tree.height - 330);
-  SetSize(list.height, tree.height - (input.toolBarVisible ? 90.0F : 30.0F));
-  layout.Image1.left = 100;
-  layout.Image1.top = 150;
-  layout.Label1.left = 150;
-  layout.Label1.top = 1200;
-  SetSize(layout.lvListView.height, list.height - 10);
+  SetSize(layout.tvTreeView.height, tree.height - kTreeHeightLess);
+  SetSize(list.height, tree.height - heights.listLess);
+  layout.Image1.left = kImageLeft;
+  layout.Image1.top = kImageTop;
+  layout.Label1.left = kTitleLeft;
+  layout.Label1.top = kTitleTop;
+  SetSize(layout.lvListView.height, list.height - kListHeightLess);
 
-  const bool toolBar = input.toolBarVisible;
-  Move(layout.picShowSplitter,
-       {tree.width - 40, tree.top + (toolBar ? 50.0F : 20.0F), layout.picShowSplitter.width,
-        tree.height - (toolBar ? 90.0F : 60.0F)});
+  Move(layout.picShowSplitter, {tree.width - kGripOverlap, tree.top + heights.gripBelowTree,
+                                layout.picShowSplitter.width, tree.height - heights.gripLess});
 }

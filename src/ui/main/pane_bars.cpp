@@ -3,6 +3,7 @@
 
 #include "frm_main.h"
 
+#include "mouse.h"
 #include "picture_box.h"
 
 namespace {
@@ -43,7 +44,7 @@ void frmMain::DrawSortBar(PictureBox& ThePic) {
 }
 
 void frmMain::picTreeContain_MouseMove(int Button, float X, float Y) {
-  if (Button != 0) return;
+  if (Button != kNoButton) return;
   DrawSortBar(*picTreeContain);
   const float width = layout_.picTreeContain.width;
   if (InHotArea(width, X, Y)) DrawGlyphFrame(*picTreeContain, width, Look::kRaised);
@@ -51,13 +52,13 @@ void frmMain::picTreeContain_MouseMove(int Button, float X, float Y) {
 
 void frmMain::picTreeContain_MouseDown(int Button, float X, float Y) {
   const float width = layout_.picTreeContain.width;
-  if (Button != 1 || !InHotArea(width, X, Y)) return;
+  if (Button != kLeftButton || !InHotArea(width, X, Y)) return;
   DrawSortBar(*picTreeContain);
   DrawGlyphFrame(*picTreeContain, width, Look::kSunken);
 }
 
 void frmMain::picTreeContain_MouseUp(int Button, float X, float Y) {
-  if (Button != 1) return;
+  if (Button != kLeftButton) return;
   DrawSortBar(*picTreeContain);
   const float width = layout_.picTreeContain.width;
   if (InHotArea(width, X, Y)) DrawGlyphFrame(*picTreeContain, width, Look::kReleased);

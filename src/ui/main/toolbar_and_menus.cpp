@@ -5,13 +5,12 @@
 
 #include "band_container.h"
 #include "frm_about.h"
+#include "log.h"
 #include "tool_bar.h"
 #include "tree_view.h"
 
 #include <QAction>
 #include <QToolTip>
-
-#include <cstdio>
 
 namespace {
 
@@ -45,7 +44,7 @@ void frmMain::tbToolBar_ButtonClick(ToolBarButton& Button) {
     try {
       step();
     } catch (const std::exception& error) {
-      std::fprintf(stderr, "hcwordlib: %s\n", error.what());
+      qCWarning(lcHCWordLib, "%s", error.what());
       const QString reason = QString::fromUtf8(error.what()).toHtmlEscaped();
       QToolTip::showText(Button.mapToGlobal(Button.rect().bottomLeft()),
                          QStringLiteral("<p>%1</p>").arg(reason.split(u'\n').join(u"<br>")),

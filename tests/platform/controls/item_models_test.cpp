@@ -13,54 +13,55 @@ namespace {
 
 constexpr auto kFatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
 
-void Add(TreeNodes& nodes, const QString& parent, const char* keys) {
-  for (const QString& key : QString::fromLatin1(keys).split(u' ')) {
-    nodes.Add(parent, Relationship::kChild, key, key.toUpper(), 1);
+EntryKey Key(int number) {
+  return EntryKey::Numbered(number);
+}
+
+void Add(TreeNodes& nodes, EntryKey parent, std::initializer_list<int> keys) {
+  for (const int key : keys) {
+    nodes.Add(parent, Relationship::kChild, Key(key), QString::number(key), 1);
   }
 }
 
 TEST(TreeNodes, AddsNothingWhereItFails) {
   TreeNodes nodes;
   const QAbstractItemModelTester tester(&nodes, kFatal);
-  Add(nodes, QString(), "root");
-  Add(nodes, QStringLiteral("root"), "a b c");
-  EXPECT_THROW(Add(nodes, QStringLiteral("nobody"), "new"), Error);
-  EXPECT_THROW(Add(nodes, QStringLiteral("A"), "new"), Error);
-  EXPECT_THROW(Add(nodes, QStringLiteral("b"), "c"), Error);
-  EXPECT_THROW(nodes.Remove(QStringLiteral("new")), Error);
-  EXPECT_THROW(nodes.Item(QStringLiteral("new")), Error);
-  EXPECT_EQ(nodes.Item(QStringLiteral("root")).Children(), 3);
-  EXPECT_EQ(nodes.Item(QStringLiteral("b")).Child(), nullptr);
-  nodes.Remove(QStringLiteral("b"));
-  Add(nodes, QStringLiteral("c"), "b");  // the key is free again
-  EXPECT_EQ(nodes.Item(QStringLiteral("a")).Next()->Child()->Key(), QStringLiteral("b"));
+  Add(nodes, EntryKey(), {0});
+  Add(nodes, Key(0), {1, 2, 3});
+  EXPECT_THROW(Add(nodes, Key(9), {8}), Error);
+  EXPECT_THROW(Add(nodes, EntryKey::Root(), {8}), Error);
+  EXPECT_THROW(Add(nodes, Key(2), {3}), Error);
+  EXPECT_THROW(nodes.Remove(Key(8)), Error);
+  EXPECT_THROW(nodes.Item(Key(8)), Error);
+  EXPECT_EQ(nodes.Item(Key(0)).Children(), 3);
+  EXPECT_EQ(nodes.Item(Key(2)).Child(), nullptr);
+  nodes.Remove(Key(2));
+  Add(nodes, Key(3), {2});  // the key is free again
+  EXPECT_EQ(nodes.Item(Key(1)).Next()->Child()->Key(), Key(2));
 }
 
 // Deeper than any recursion on the stack could go.
 TEST(TreeNodes, HoldsAVeryDeepChain) {
   for (const bool remove : {true, false}) {  // the destructor takes it apart as well
     TreeNodes nodes;
-    QString parent;
-    for (int i = 0; i < 50'000; ++i) {
-      const QString key = QStringLiteral("TheItem%1").arg(i);
-      nodes.Add(parent, Relationship::kChild, key, key, 1);
-      parent = key;
-    }
-    if (remove) nodes.Remove(QStringLiteral("TheItem1"));
-    EXPECT_EQ(nodes.Find(parent) == nullptr, remove);
+    Add(nodes, EntryKey(), {0});
+    constexpr int kNodes = 50'000;
+    for (int i = 1; i < kNodes; ++i) Add(nodes, Key(i - 1), {i});
+    if (remove) nodes.Remove(Key(1));
+    EXPECT_EQ(nodes.Find(Key(kNodes - 1)) == nullptr, remove);
   }
 }
 
 TEST(ListItems, AddsNothingUnderAKeyInUse) {
   ListItems items;
   const QAbstractItemModelTester tester(&items, kFatal);
-  const auto add = [&](const char* key) { items.Add(QString::fromLatin1(key), QString(), 2, 3); };
-  add("a");
-  EXPECT_THROW(add("a"), Error);
+  const auto add = [&] { items.Add(Key(1), QString(), 2, 3); };
+  add();
+  EXPECT_THROW(add(), Error);
   EXPECT_EQ(items.Count(), 1);
   items.Clear();
-  EXPECT_THROW(items.Item(QStringLiteral("a")), Error);
-  add("a");
+  EXPECT_THROW(items.Item(Key(1)), Error);
+  add();
 }
 
 }  // namespace

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "main_window.h"
-
-#include <gtest/gtest.h>
+#include "run_tests.h"
 
 #include <QApplication>
 #include <QFile>
@@ -17,7 +16,7 @@ int main(int argc, char** argv) {
   const QByteArray source = qgetenv(TestedEngine().variable);
   if (source.isEmpty()) {
     std::puts("The engine's data source is not there.");
-    return 0;
+    return kSkippedTests;
   }
   QFile sources(qEnvironmentVariable("ODBCINI"));
   QFile renamed(folder.filePath(QStringLiteral("odbc.ini")));
@@ -30,5 +29,5 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
+  return RunTests();
 }

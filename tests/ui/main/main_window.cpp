@@ -190,7 +190,7 @@ void MainWindowTest::Audit(Orphans orphans) const {
   WordTree& records = TheWordTree();
   std::string categories;
   std::vector<std::string> words;
-  const auto auditNode = [](const Node& node, const auto& record, const QString& tag, int image) {
+  const auto auditNode = [](const Node& node, const auto& record, EntryTag tag, int image) {
     EXPECT_EQ(record.NodeKey(), node.Key());
     EXPECT_EQ(record.NodeName(), node.Text());
     EXPECT_EQ(node.Tag(), tag);
@@ -214,7 +214,7 @@ void MainWindowTest::Audit(Orphans orphans) const {
   for (const Node* node = At("").Child(); node != nullptr; node = node->Next()) {
     const DictPrpty& category = records.colDictPrptys().Item(node->Key());
     auditNode(*node, category, kCategoryTag, 2);
-    EXPECT_EQ(category.Tag(), QString());
+    EXPECT_EQ(category.Tag(), EntryTag());
     categories += Row(category.DicID(), node->Text(), category.Position());
     auditWords(*node, category.DicID(), 0);
   }
@@ -236,7 +236,7 @@ void MainWindowTest::Audit(Orphans orphans) const {
     const bool category = item.Tag() == kCategoryTag;
     EXPECT_EQ(record.NodeKey(), item.Key());
     EXPECT_EQ(record.NodeName(), item.Text());
-    EXPECT_EQ(record.Tag(), category ? QString() : kWordTag);
+    EXPECT_EQ(record.Tag(), category ? EntryTag() : kWordTag);
     EXPECT_EQ(item.Icon(), category ? 2 : 3);
   }
 }

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The HCWordLib authors
+// SPDX-License-Identifier: MIT
+
+#include "branch.h"
+
+#include "data_base_funcs.h"
+#include "keyed_collections.h"
+#include "tree_view.h"
+
+#include <algorithm>
+
+std::vector<EntryKey> BranchOf(const Node& top) {
+  std::vector<EntryKey> branch;
+  std::vector<const Node*> ahead = {&top};
+  while (!ahead.empty()) {
+    const Node* const node = ahead.back();
+    ahead.pop_back();
+    branch.push_back(node->Key());
+    const size_t first = ahead.size();
+    for (const Node* child = node->Child(); child != nullptr; child = child->Next()) {
+      ahead.push_back(child);
+    }
+    std::reverse(ahead.begin() + static_cast<ptrdiff_t>(first), ahead.end());
+  }
+  return branch;
+}
+
+std::exception_ptr DeleteBranch(const std::vector<EntryKey>& branch, TreePrptys& words,
+                                DataBaseFuncs& funcs, bool& hasBegun) {
+  std::exception_ptr failure;
+  hasBegun = false;
+  try {
+    for (const EntryKey key : branch) {
+      const TreePrpty& word = words.Item(key);
+      funcs.DeleteItem(kSelWord, word.DicID(), word.ID());
+      hasBegun = true;
+    }
+  } catch (...) {
+    failure = std::current_exception();
+  }
+  if (hasBegun) {
+    for (const EntryKey key : branch) words.Remove(key);
+  }
+  return failure;
+}
+
+PendingNode::PendingNode(TreeView& tree) : tree_(tree), selectedBefore_(tree.SelectedItem()) {}
+
+PendingNode::~PendingNode() {
+  const Node* const added = tree_.SelectedItem();
+  if (isKept_ || added == selectedBefore_) return;
+  const EntryKey key = added->Key();
+  tree_.SetSelectedItem(*selectedBefore_);
+  tree_.RemoveNode(key);
+}
