@@ -24,10 +24,11 @@ RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement,
   connection.TakeStep();
   QByteArray text = statement.toUtf8();
   RowBuffer rows;
-  for (size_t textBytes = kTextBytes; textBytes != 0;) {
+  RowBuffer::Outcome outcome{.isComplete = false, .nextTextBytes = kTextBytes};
+  while (!outcome.isComplete) {
     const OdbcHandle hstmt = connection.NewStatement();
     hstmt.Check(SQLExecDirect(hstmt.Get(), OdbcText(text), SQL_NTS));
-    textBytes = rows.Read(hstmt, columns, textBytes);
+    outcome = rows.Read(hstmt, columns, outcome.nextTextBytes);
   }
   return rows;
 }

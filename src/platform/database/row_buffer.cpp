@@ -26,13 +26,6 @@ bool IsInteger(SQLSMALLINT type, SQLSMALLINT digits) {
          type == SQL_BIT || ((type == SQL_NUMERIC || type == SQL_DECIMAL) && digits == 0);
 }
 
-// Where the driver puts one column of a block.
-struct BlockColumn {
-  std::unique_ptr<SQLBIGINT[]> numbers;
-  std::unique_ptr<char[]> bytes;
-  SQLLEN lengths[kBlockRows] = {};
-};
-
 // Puts the text into `place`, which has room for as many characters as there are bytes, and returns
 // its end. Nearly every text has only characters of one and three bytes; any other is left to Qt,
 // whose decoder takes several times as long.
@@ -73,6 +66,118 @@ bool SameName(const char* one, const char* other) {
 
 }  // namespace
 
+// A block of rows as the driver delivers it, and what it tells of the texts in all blocks.
+struct RowBuffer::Block {
+  // Where the driver puts a column: the one or the other, and the length of each text.
+  struct Place {
+    std::unique_ptr<SQLBIGINT[]> numbers;
+    std::unique_ptr<char[]> bytes;
+    SQLLEN lengths[kBlockRows] = {};
+  };
+
+  Block(const std::vector<Column>& columns, size_t leastTextBytes);
+  Block(const Block&) = delete;  // the statement knows where it is
+  Block& operator=(const Block&) = delete;
+
+  void Bind(const OdbcHandle& statement, const std::vector<Column>& columns);
+  // Has the next rows put into the block. False when there are none, or no use in them.
+  bool Fetch(const OdbcHandle& statement);
+  // Appends a column's fetched rows.
+  void AppendNumbers(const Place& place, std::vector<qint64>& numbers) const;
+  void AppendTexts(const Place& place, Column& column);
+  // After the last row.
+  Outcome Judge() const;
+
+  bool CanGrow() const { return textBytes < kMostTextBytes; }
+
+  size_t textBytes;  // the place of a text
+  size_t mostRows;
+  std::vector<Place> places;
+  SQLULEN rows = 0;  // fetched
+  SQLUSMALLINT status[kBlockRows] = {};
+  std::vector<QChar> decoded;
+  // Drivers differ in how they tell that they cut a text: by a warning, by the length alone, by an
+  // error, or by nothing but that no terminator stands behind the text. So each of these is taken
+  // for that, until the place cannot grow any more.
+  bool isDoubtful = false;
+  size_t longest = 0;
+};
+
+RowBuffer::Block::Block(const std::vector<Column>& columns, size_t leastTextBytes)
+    : textBytes(leastTextBytes), places(columns.size()) {
+  for (const Column& c : columns) {
+    if (c.bytes <= kMostColumnBytes) textBytes = std::max(textBytes, c.bytes + kMostBytes + 1);
+  }
+  mostRows = textBytes <= kMostColumnBytes + kMostBytes + 1 ? kBlockRows : 1;
+  decoded.resize(textBytes);
+}
+
+void RowBuffer::Block::Bind(const OdbcHandle& statement, const std::vector<Column>& columns) {
+  const SQLHSTMT hstmt = statement.Get();
+  statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROW_ARRAY_SIZE, AsOdbcPointer(mostRows), 0));
+  statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROWS_FETCHED_PTR, &rows, 0));
+  statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROW_STATUS_PTR, status, 0));
+  for (size_t i = 0; i < columns.size(); ++i) {
+    Place& place = places[i];
+    if (columns[i].isText) {
+      place.bytes.reset(new char[mostRows * textBytes]);
+      statement.Check(SQLBindCol(hstmt, columns[i].number, SQL_C_CHAR, place.bytes.get(),
+                                 static_cast<SQLLEN>(textBytes), place.lengths));
+    } else {
+      place.numbers.reset(new SQLBIGINT[mostRows]);
+      statement.Check(SQLBindCol(hstmt, columns[i].number, SQL_C_SBIGINT, place.numbers.get(),
+                                 sizeof(SQLBIGINT), place.lengths));
+    }
+  }
+}
+
+bool RowBuffer::Block::Fetch(const OdbcHandle& statement) {
+  const SQLRETURN result = SQLFetch(statement.Get());
+  if (result == SQL_NO_DATA) return false;
+  if (result != SQL_SUCCESS) isDoubtful = true;
+  if (result == SQL_ERROR && CanGrow()) return false;
+  statement.Check(result);
+  for (size_t row = 0; row < rows; ++row) {
+    if (status[row] == SQL_ROW_ERROR && !CanGrow()) statement.Fail();
+    if (status[row] != SQL_ROW_SUCCESS) isDoubtful = true;
+  }
+  return true;
+}
+
+void RowBuffer::Block::AppendNumbers(const Place& place, std::vector<qint64>& numbers) const {
+  for (size_t row = 0; row < rows; ++row) {
+    numbers.push_back(place.lengths[row] == SQL_NULL_DATA ? 0 : place.numbers[row]);
+  }
+}
+
+void RowBuffer::Block::AppendTexts(const Place& place, Column& column) {
+  for (size_t row = 0; row < rows; ++row) {
+    const SQLLEN length = place.lengths[row];
+    if (length != SQL_NULL_DATA) {
+      const char* text = place.bytes.get() + row * textBytes;
+      size_t bytes = length < 0 ? textBytes : static_cast<size_t>(length);
+      longest = std::max(longest, bytes);
+      bytes = std::min(bytes, textBytes - 1);
+      if (text[bytes] != 0) isDoubtful = true;
+      const QChar* const end =
+          Decode(QByteArrayView(text, static_cast<qsizetype>(bytes)), decoded.data());
+      column.text.append(reinterpret_cast<const char16_t*>(decoded.data()),
+                         static_cast<size_t>(end - decoded.data()));
+    }
+    column.ends.push_back(column.text.size());
+  }
+}
+
+RowBuffer::Outcome RowBuffer::Block::Judge() const {
+  // A text that fills its place may have been cut, or lost its last character.
+  const bool isFull = longest + kMostBytes >= textBytes;
+  if (!CanGrow() && isFull) throw DatabaseError(QStringLiteral("数据库中的文字太长。"));
+  if (!CanGrow() || (!isFull && !isDoubtful)) return {};
+  return {
+      .isComplete = false,
+      .nextTextBytes = std::min(std::max(longest + kMostBytes + 1, textBytes * 4), kMostTextBytes)};
+}
+
 size_t RowBuffer::ColumnOf(const char* name) const {
   for (size_t i = 0; i < columns_.size(); ++i) {
     if (SameName(columns_[i].name.constData(), name)) return i;
@@ -109,77 +214,20 @@ void RowBuffer::TakeColumns(const OdbcHandle& statement, const QByteArrayList& c
   }
 }
 
-size_t RowBuffer::Read(const OdbcHandle& statement, const QByteArrayList& columns,
-                       size_t textBytes) {
+RowBuffer::Outcome RowBuffer::Read(const OdbcHandle& statement, const QByteArrayList& columns,
+                                   size_t textBytes) {
   TakeColumns(statement, columns);
-  for (const Column& c : columns_) {
-    if (c.bytes <= kMostColumnBytes) textBytes = std::max(textBytes, c.bytes + kMostBytes + 1);
-  }
-  const size_t blockRows = textBytes <= kMostColumnBytes + kMostBytes + 1 ? kBlockRows : 1;
-  const SQLHSTMT hstmt = statement.Get();
-  SQLULEN rowsFetched = 0;
-  SQLUSMALLINT rowStatus[kBlockRows] = {};
-  statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROW_ARRAY_SIZE, AsOdbcPointer(blockRows), 0));
-  statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROWS_FETCHED_PTR, &rowsFetched, 0));
-  statement.Check(SQLSetStmtAttr(hstmt, SQL_ATTR_ROW_STATUS_PTR, rowStatus, 0));
-  std::vector<BlockColumn> block(columns_.size());
-  for (size_t i = 0; i < columns_.size(); ++i) {
-    const SQLUSMALLINT number = columns_[i].number;
-    if (columns_[i].isText) {
-      block[i].bytes.reset(new char[blockRows * textBytes]);
-      statement.Check(SQLBindCol(hstmt, number, SQL_C_CHAR, block[i].bytes.get(),
-                                 static_cast<SQLLEN>(textBytes), block[i].lengths));
-    } else {
-      block[i].numbers.reset(new SQLBIGINT[blockRows]);
-      statement.Check(SQLBindCol(hstmt, number, SQL_C_SBIGINT, block[i].numbers.get(),
-                                 sizeof(SQLBIGINT), block[i].lengths));
-    }
-  }
-
-  std::vector<QChar> text(textBytes);
-  // Drivers differ in how they tell that they cut a text: by a warning, by the length alone, by an
-  // error, or by nothing but that no terminator stands behind the text. So each of these is taken
-  // for that, until the place cannot grow any more.
-  const bool canGrow = textBytes < kMostTextBytes;
-  bool isDoubtful = false;
-  size_t longest = 0;
-  for (;;) {
-    const SQLRETURN result = SQLFetch(hstmt);
-    if (result == SQL_NO_DATA) break;
-    if (result != SQL_SUCCESS) isDoubtful = true;
-    if (result == SQL_ERROR && canGrow) break;
-    statement.Check(result);
-    for (size_t row = 0; row < rowsFetched; ++row) {
-      if (rowStatus[row] == SQL_ROW_ERROR && !canGrow) statement.Fail();
-      if (rowStatus[row] != SQL_ROW_SUCCESS) isDoubtful = true;
-    }
+  Block block(columns_, textBytes);
+  block.Bind(statement, columns_);
+  while (block.Fetch(statement)) {
     for (size_t i = 0; i < columns_.size(); ++i) {
-      Column& c = columns_[i];
-      for (size_t row = 0; row < rowsFetched; ++row) {
-        const SQLLEN length = block[i].lengths[row];
-        if (!c.isText) {
-          c.numbers.push_back(length == SQL_NULL_DATA ? 0 : block[i].numbers[row]);
-          continue;
-        }
-        if (length != SQL_NULL_DATA) {
-          const char* place = block[i].bytes.get() + row * textBytes;
-          size_t bytes = length < 0 ? textBytes : static_cast<size_t>(length);
-          longest = std::max(longest, bytes);
-          bytes = std::min(bytes, textBytes - 1);
-          if (place[bytes] != 0) isDoubtful = true;
-          const QChar* const end =
-              Decode(QByteArrayView(place, static_cast<qsizetype>(bytes)), text.data());
-          c.text.append(reinterpret_cast<const char16_t*>(text.data()),
-                        static_cast<size_t>(end - text.data()));
-        }
-        c.ends.push_back(c.text.size());
+      if (columns_[i].isText) {
+        block.AppendTexts(block.places[i], columns_[i]);
+      } else {
+        block.AppendNumbers(block.places[i], columns_[i].numbers);
       }
     }
-    rowCount_ += rowsFetched;
+    rowCount_ += block.rows;
   }
-  // A text that fills its place may have been cut, or lost its last character.
-  const bool isFull = longest + kMostBytes >= textBytes;
-  if (!canGrow && isFull) throw DatabaseError(QStringLiteral("数据库中的文字太长。"));
-  if (!canGrow || (!isFull && !isDoubtful)) return 0;
-  return std::min(std::max(longest + kMostBytes + 1, textBytes * 4), kMostTextBytes);
+  return block.Judge();
 }

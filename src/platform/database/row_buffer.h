@@ -15,11 +15,14 @@
 // in one UTF-16 string, so that a row costs no allocation of its own. A NULL is 0 or empty.
 class RowBuffer {
  public:
+  struct Outcome {
+    bool isComplete = true;
+    size_t nextTextBytes = 0;  // the place to try next when the rows are not complete
+  };
   // Takes the columns of the executed `statement`, or those of them that `columns` names if any,
   // and its rows, in blocks with a place of at least `textBytes` bytes for each text, which drivers
-  // give in UTF-8. 0 when that was enough. Otherwise the rows are incomplete, and the result is the
-  // number of bytes to try next.
-  size_t Read(const OdbcHandle& statement, const QByteArrayList& columns, size_t textBytes);
+  // give in UTF-8. The rows are complete when every text had room.
+  Outcome Read(const OdbcHandle& statement, const QByteArrayList& columns, size_t textBytes);
 
   size_t RowCount() const { return rowCount_; }
   size_t ColumnCount() const { return columns_.size(); }
@@ -50,6 +53,8 @@ class RowBuffer {
     std::u16string text;
     std::vector<size_t> ends;
   };
+
+  struct Block;
 
   void TakeColumns(const OdbcHandle& statement, const QByteArrayList& columns);
 
