@@ -103,10 +103,7 @@ void Session::OpenWindow() {
   Settle();
   // What cannot be shown stays in the database and out of the tree until it is repaired.
   const Library stored = StoredLibrary(*colleague_);
-  touched_ = {};
-  for (const auto& [id, entry] : stored) {
-    if (!IsReachable(stored, id)) touched_.entries.insert(id);
-  }
+  touched_ = {Orphans(stored), {}};
   CompareLibraries(ShownLibrary(*tree_, touched_), stored, touched_);
 }
 
@@ -189,11 +186,7 @@ void Session::Act(int index) {
 
 void Session::Audit(const Library& before) {
   const Library stored = StoredLibrary(*colleague_);
-  if (faultArmed_) {
-    for (const auto& [id, entry] : stored) {
-      if (!IsReachable(stored, id)) touched_.entries.insert(id);
-    }
-  }
+  if (faultArmed_) touched_.entries.merge(Orphans(stored));
   if (window_->isHidden()) {
     window_.reset();
     OpenWindow();

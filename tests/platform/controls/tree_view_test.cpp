@@ -109,19 +109,15 @@ TEST_F(TreeViewTest, GoesSidewaysOnlyAsFarAsANodeNeeds) {
   bar->setValue(bar->maximum());
   tree_.EnsureVisible(At("a2"));
   EXPECT_EQ(tree_.ItemRect(At("a2")).left(), tree_.indentation());  // its box
+  Select(name.c_str());
+  Press(Qt::Key_F2);
   bar->setValue(0);
+  const QRect editor = QApplication::focusWidget()->geometry();
+  EXPECT_EQ(editor.left(), tree_.LabelRect(At(name)).left() - 2);
+  EXPECT_LT(editor.right(), tree_.viewport()->width());
   tree_.resize(150, 260);
   tree_.EnsureVisible(At(name));
   EXPECT_EQ(tree_.LabelRect(At(name)).left() + 60, tree_.viewport()->width());
-
-  Select(name.c_str());
-  Press(Qt::Key_F2);
-  const auto* const editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-  ASSERT_NE(editor, nullptr);
-  for (const int value : {bar->value() + 10, 0}) {
-    bar->setValue(value);
-    EXPECT_EQ(editor->x(), tree_.LabelRect(At(name)).left() - 2);
-  }
 }
 
 TEST_F(TreeViewTest, ANeighbourIsSelectedForARemovedNode) {
