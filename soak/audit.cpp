@@ -52,8 +52,9 @@ void AddWords(const Node& parent, qint32 dicId, qint32 fatherId, Library& librar
     const TreePrpty& word = TheWordTree().colTreePrptys().Item(node->Key());
     const EntryId id{dicId, word.ID()};
     Require(word.NodeName() == node->Text() && word.NodeKey() == node->Key() &&
-                node->Tag() == kWordTag && word.FatherKey() == parent.Key() &&
-                word.FatherID() == fatherId && word.DicID() == dicId,
+                node->Tag() == kWordTag && node->Image() == kWordImage &&
+                word.FatherKey() == parent.Key() && word.FatherID() == fatherId &&
+                word.DicID() == dicId,
             QStringLiteral("the record tells otherwise: ") + Describe(id));
     Require(word.ID() > std::exchange(before, word.ID()),
             QStringLiteral("out of order: ") + Describe(id));
@@ -72,7 +73,7 @@ Library ShownLibrary(TreeView& tree, const Touched& touched) {
     const DictPrpty& category = TheWordTree().colDictPrptys().Item(node->Key());
     const EntryId id{category.DicID(), 0};
     Require(category.NodeName() == node->Text() && category.NodeKey() == node->Key() &&
-                node->Tag() == kCategoryTag,
+                node->Tag() == kCategoryTag && node->Image() == kCategoryImage,
             QStringLiteral("the record tells otherwise: ") + Describe(id));
     Require(library.emplace(id, Entry{0, node->Text()}).second,
             QStringLiteral("shown twice: ") + Describe(id));
@@ -83,13 +84,18 @@ Library ShownLibrary(TreeView& tree, const Touched& touched) {
   return library;
 }
 
-bool IsReachable(const Library& library, EntryId id) {
-  while (id.second != 0) {
-    const auto found = library.find(id);
-    if (found == library.end() || found->second.fatherId >= id.second) return false;
-    id.second = found->second.fatherId;
+std::set<EntryId> Orphans(const Library& library) {
+  std::set<EntryId> orphans;
+  for (const auto& [id, entry] : library) {
+    EntryId above = id;
+    while (above.second != 0) {
+      const auto found = library.find(above);
+      if (found == library.end() || found->second.fatherId >= above.second) break;
+      above.second = found->second.fatherId;
+    }
+    if (above.second != 0 || !library.contains(above)) orphans.insert(id);
   }
-  return library.contains(id);
+  return orphans;
 }
 
 void CompareLibraries(const Library& shown, const Library& stored, const Touched& touched) {
@@ -115,10 +121,11 @@ void AuditList(ListView& list) {
   for (int i = 1; i <= items.Count(); ++i) {
     const ListItem& item = items.Item(i);
     const ListPrpty& record = records.Item(item.Key());
-    const EntryTag tag = item.Tag() == kCategoryTag ? EntryTag() : kWordTag;
-    Require(
-        record.NodeKey() == item.Key() && record.NodeName() == item.Text() && record.Tag() == tag,
-        QStringLiteral("a list item's record tells otherwise: “%1”").arg(item.Text()));
+    const bool isCategory = item.Tag() == kCategoryTag;
+    Require(record.NodeKey() == item.Key() && record.NodeName() == item.Text() &&
+                record.Tag() == (isCategory ? EntryTag() : kWordTag) &&
+                item.Icon() == (isCategory ? kCategoryImage : kWordImage),
+            QStringLiteral("a list item's record tells otherwise: “%1”").arg(item.Text()));
   }
 }
 

@@ -40,7 +40,7 @@ struct Touched {
 Library StoredLibrary(Connection& connection);
 
 // What the tree shows. Raises Fault where a node and its record do not tell the same, where
-// siblings are out of order or a record has no node.
+// siblings are out of order, a picture is another kind's or a record has no node.
 // A word that is added to a category that is gone gets a number that may be shown already, so the
 // words of such categories are passed over.
 Library ShownLibrary(TreeView& tree, const Touched& touched);
@@ -48,8 +48,8 @@ Library ShownLibrary(TreeView& tree, const Touched& touched);
 // Raises Fault unless both libraries are the same but for what a colleague has touched.
 void CompareLibraries(const Library& shown, const Library& stored, const Touched& touched);
 
-// Whether the word hangs, over words of smaller numbers, on a category.
-bool IsReachable(const Library& library, EntryId id);
+// The words that do not hang, over words of smaller numbers, on a category: no tree can show them.
+std::set<EntryId> Orphans(const Library& library);
 
 // Raises Fault unless each item of the list has its record and both tell the same.
 void AuditList(ListView& list);

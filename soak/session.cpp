@@ -93,16 +93,8 @@ void Session::OpenWindow() {
   Settle();
   // What cannot be shown stays in the database and out of the tree until it is repaired.
   const Library stored = StoredLibrary(*colleague_);
-  touched_ = {};
-  TakeStrays(stored);
+  touched_ = {Orphans(stored), {}};
   CompareLibraries(ShownLibrary(*tree_, touched_), stored, touched_);
-}
-
-// Words that hang on nothing are in the database only.
-void Session::TakeStrays(const Library& stored) {
-  for (const auto& [id, entry] : stored) {
-    if (!IsReachable(stored, id)) touched_.entries.insert(id);
-  }
 }
 
 void Session::Settle() {
@@ -183,7 +175,7 @@ void Session::Act(int index) {
 
 void Session::Audit(const Library& before) {
   const Library stored = StoredLibrary(*colleague_);
-  if (faultArmed_) TakeStrays(stored);
+  if (faultArmed_) touched_.entries.merge(Orphans(stored));
   if (window_->isHidden()) {
     window_.reset();
     OpenWindow();
@@ -248,7 +240,7 @@ void Session::EndBehind(const QString& message) {
       (isRefused && !(touched_.entries.empty() && touched_.goneCategories.empty()));
   try {
     if (!isWanted) throw Fault(QStringLiteral("the program ends: ") + message);
-    TakeStrays(StoredLibrary(*colleague_));
+    touched_.entries.merge(Orphans(StoredLibrary(*colleague_)));
     CompareLibraries(ShownLibrary(*tree_, touched_), StoredLibrary(*colleague_), touched_);
     std::puts("\nended by a failing statement");
   } catch (const Fault& fault) {

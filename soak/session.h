@@ -49,7 +49,6 @@ class Session : public QObject {
   void Settle();
   void AnswerBox(QDialog& dialog);
   [[noreturn]] void EndBehind(const QString& message);
-  void TakeStrays(const Library& stored);
   void Audit(const Library& before);
   std::optional<Editing> OpenEditing();
 

@@ -9,6 +9,8 @@ namespace {
 
 class BrowsingTest : public MainWindowTest {
  protected:
+  // The selected node's path, the panel's text, the list's.
+  std::string Shown() const { return Selected() + "|" + Panel() + "|" + List(); }
   // The pop-up menu's items from top to bottom; closes it.
   std::string PopUp() {
     QMenu* menu = Find<QMenu>("mnuPopMnu");
@@ -29,59 +31,42 @@ class BrowsingTest : public MainWindowTest {
 
 TEST_F(BrowsingTest, ClicksAndKeysListTheChildren) {
   EXPECT_EQ(window_->windowTitle(), QStringLiteral("衡川词句库"));
-  EXPECT_EQ(tvTreeView->SelectedItem(), &At(""));
   EXPECT_FALSE(tvTreeView->Expanded(At("")));
-  EXPECT_EQ(Panel() + List(), "状态");
-  const struct {
-    const char* path;
-    const char* list;
-    const char* panel;
-  } cases[] = {
-      {"", "车削 热处理 空类", "衡川词句库"},
-      {"车削", "粗车 精车", "分类条目"},
-      {"车削/粗车", "粗车外圆 粗车端面", "分类词"},
-      {"车削/粗车/粗车外圆", "粗车外圆至φ50", "分类词"},
-      {"车削/粗车/粗车外圆/粗车外圆至φ50", "", "分类词"},
+  EXPECT_EQ(Shown(), "|状态|");
+  const std::pair<const char*, const char*> cases[] = {
+      {"", "|衡川词句库|车削 热处理 空类"},
+      {"车削", "|分类条目|粗车 精车"},
+      {"车削/粗车", "|分类词|粗车外圆 粗车端面"},
+      {"车削/粗车/粗车外圆/粗车外圆至φ50", "|分类词|"},
   };
-  for (const auto& [path, list, panel] : cases) {
+  for (const auto& [path, shown] : cases) {
     Click(path);
-    EXPECT_EQ(Selected(), path);
-    EXPECT_EQ(List(), list);
-    EXPECT_EQ(Panel(), panel);
+    EXPECT_EQ(Shown(), std::string(path) + shown);
     Audit();
   }
   PressKey(Qt::Key_Home);
-  EXPECT_EQ(Selected() + List() + Panel(), "车削 热处理 空类衡川词句库");
+  EXPECT_EQ(Shown(), "|衡川词句库|车削 热处理 空类");
 }
 
 TEST_F(BrowsingTest, TheRightButtonSelectsAndOpensThePopUp) {
   Click("车削/粗车/粗车外圆");
-  const std::string shown = List();
-  const struct {
-    const char* path;
-    const char* items;
-    const char* panel;
-  } cases[] = {
-      {"车削/粗车", "新词 - 重命名 - 删除", "分类词"},
-      {"", "新条目", "衡川词句库"},
-      {"热处理", "新词 - 重命名 - 删除", "分类条目"},
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"车削/粗车", "新词 - 重命名 - 删除", "|分类词|粗车外圆至φ50"},
+      {"", "新条目", "|衡川词句库|粗车外圆至φ50"},
+      {"热处理", "新词 - 重命名 - 删除", "|分类条目|粗车外圆至φ50"},
   };
-  for (const auto& [path, items, panel] : cases) {
+  for (const auto& [path, items, shown] : cases) {
     Click(path, Qt::RightButton);
     EXPECT_EQ(PopUp(), items);
-    EXPECT_EQ(Selected(), path);
-    EXPECT_EQ(Panel(), panel);
+    EXPECT_EQ(Shown(), std::string(path) + shown);
   }
   ClickEmptySpace(Qt::RightButton);
-  EXPECT_EQ(PopUp(), "新词 - 重命名 - 删除");
-  EXPECT_EQ(Selected(), "热处理");
+  EXPECT_EQ(PopUp() + Selected(), "新词 - 重命名 - 删除热处理");
 
   // Until the left button goes down on the tree, also beside its nodes, the list stays.
   PressKey(Qt::Key_Home);
-  EXPECT_EQ(Panel(), "衡川词句库");
-  EXPECT_EQ(List(), shown);
   ClickEmptySpace(Qt::LeftButton);
-  EXPECT_EQ(List(), shown);
+  EXPECT_EQ(Shown(), "|衡川词句库|粗车外圆至φ50");
   PressKey(Qt::Key_Down);
   EXPECT_EQ(List(), "粗车 精车");
   ClickEmptySpace(Qt::MiddleButton);

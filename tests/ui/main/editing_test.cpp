@@ -24,40 +24,32 @@ const std::string kConfirm = "HCWordLib|确定要删除选中的内容？|none|y
 // The places that each command is started from.
 constexpr const char* kPlaces[] = {"mnuEdit", "mnuPop", "tool bar"};
 
+// A command as its menu items and its button are called.
+struct Command {
+  const char* item;
+  const char* button;
+};
+constexpr Command kNewItem = {"NewItem", "新条目"};
+constexpr Command kNewWord = {"NewWord", "新词"};
+constexpr Command kDelete = {"Delete", "删除"};
+constexpr Command kRename = {"Rename", "重命名"};
+
 class EditingTest : public MainWindowTest {
  protected:
-  void NewItem(const char* place) { Run(place, "NewItem", "新条目"); }
-  void NewWord(const char* place) { Run(place, "NewWord", "新词"); }
-  void Delete(const char* place) { Run(place, "Delete", "删除"); }
-  void Rename(const char* place = "mnuEdit") { Run(place, "Rename", "重命名"); }
-  // Deletes the node, which is confirmed.
-  void Delete(const char* path, const char* place) {
-    Select(path);
-    AnswerYes();
-    Delete(place);
-    EXPECT_EQ(Messages(), kConfirm);
-  }
-
- private:
-  void Run(const char* place, const char* command, const char* button) {
-    if (place == kPlaces[2]) {
-      PressButton(button);
-    } else {
-      Choose(std::string(place) + command);
-    }
+  void Run(const Command& command, const char* place = kPlaces[0]) {
+    place == kPlaces[2] ? PressButton(command.button) : Choose(std::string(place) + command.item);
   }
 };
 
 TEST_F(EditingTest, ANewCategoryIsStoredUnderAFreeNameAndNamedInPlace) {
   Click("车削");
-  std::string name = "新建条目";
-  for (const char* place : kPlaces) {
-    NewItem(place);
+  for (int i = 0; i < 3; ++i) {
+    Run(kNewItem, kPlaces[i]);
+    const std::string name = std::string("新建条目") + (i == 0 ? "" : std::to_string(i + 1));
     EXPECT_EQ(SelectedText(), name);
     EXPECT_EQ(Selected(), name);
     EXPECT_EQ(At(name).Next(), nullptr);
     Audit();  // it is stored before it is named
-    name = name == "新建条目" ? "新建条目2" : "新建条目3";
   }
   EXPECT_EQ(Panel() + List(), "分类条目粗车 精车");
   Type("新建条目3");  // its own default name is stored already
@@ -66,65 +58,46 @@ TEST_F(EditingTest, ANewCategoryIsStoredUnderAFreeNameAndNamedInPlace) {
   EXPECT_EQ(Categories(TheConn()),
             "7|车削|1\n9|热处理|2\n12|空类|4\n"
             "13|新建条目|5\n14|新建条目2|6\n15|钻削|7\n");
-  Audit();
-  EXPECT_EQ(Messages(), "");
+  EXPECT_EQ(TheWordTree().colDictPrptys().Item(At("钻削").Key()).Position(), 7);
 }
 
 TEST_F(EditingTest, ANameIsRefusedAsOftenAsItTakes) {
-  const std::string before = Words(TheConn());
   Click("");
-  Select("热处理/粗车");
-  Rename();
-  const std::pair<const char*, std::string> refused[] = {
-      {"淬火", kTaken}, {"", kEmpty}, {"", kEmpty}, {"粗车", kTaken}, {"淬火", kTaken}};
-  for (const auto& [name, message] : refused) {
+  // A node, what is typed, the message; where it is accepted the editor is opened again.
+  const std::tuple<const char*, const char*, std::string> cases[] = {
+      {"热处理/粗车", "淬火", kTaken},
+      {"热处理/粗车", "", kEmpty},
+      {"热处理/粗车", "", kEmpty},
+      {"热处理/粗车", "粗车", kTaken},
+      {"热处理/粗车", "粗车端面", ""},         // another category has it
+      {"车削/粗车/粗车外圆", "精车", kTaken},  // on another level
+      {"车削", "热处理", kTakenCategory},
+      {"车削", "", kEmptyCategory},
+      {"车削", "O'Brien \"%_\\;--𠮷", ""},
+      {"空类", "  ", ""},  // blanks are not empty
+  };
+  for (const auto& [path, name, message] : cases) {
+    if (Selected() != path) {
+      Select(path);
+      Run(kRename);
+    }
+    const std::string before = SelectedText();
     Type(name);
     EXPECT_EQ(Messages(), message);
-    EXPECT_EQ(SelectedText(), "粗车");
-    EXPECT_EQ(Selected(), "热处理/粗车");
-    EXPECT_EQ(Words(TheConn()), before);
-  }
-  Type("粗车端面");  // another category has it
-  Audit();
-  Select("车削/粗车/粗车外圆");
-  Rename();
-  Type("精车");  // of its category, on another level
-  EXPECT_EQ(Messages(), kTaken);
-  Type("粗车外圆", Qt::Key_Escape);
-
-  Select("车削");
-  Rename();
-  Type("热处理");
-  Type("");
-  EXPECT_EQ(Messages(), kTakenCategory + kEmptyCategory);
-  for (const char* name : {"O'Brien \"%_\\;--𠮷", "  "}) {  // blanks are not empty
-    Type(name);
-    EXPECT_EQ(Selected(), name);
+    EXPECT_EQ(tvTreeView->SelectedItem()->Text().toStdString(), message.empty() ? name : before);
+    EXPECT_EQ(tvTreeView->IsEditing(), !message.empty());
     EXPECT_EQ(List(), "车削 热处理 空类");  // until it is filled again
     Audit();
-    Rename();
   }
-  Type("x", Qt::Key_Escape);
   Select("");
-  for (const char* place : kPlaces) Rename(place);
+  for (const char* place : kPlaces) Run(kRename, place);
   EXPECT_FALSE(tvTreeView->IsEditing());
-  EXPECT_EQ(Messages(), "");
-  Audit();
 }
 
 // Wherever the user goes, the editor of a refused name comes back. What a real box does to the
 // focus is part of it.
 TEST_F(EditingTest, ARefusedNameIsNotLeft) {
-  const std::function<void()> ways[] = {
-      [this] { lvListView->setFocus(); },
-      [this] {
-        QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {},
-                          lvListView->viewport()->mapTo(window_.get(), QPoint(50, 50)));
-      },
-      [this] { Click("热处理"); },
-  };
-  // Window managers activate the window at once, or some time after the box is gone.
-  bool atOnce = false;
+  bool atOnce = false;  // or some time after the box is gone, window managers activate the window
   std::string refused;
   const auto answer = [&] {
     auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -140,130 +113,106 @@ TEST_F(EditingTest, ARefusedNameIsNotLeft) {
   SetMsgBoxTwin({});
   QObject::connect(qApp, &QGuiApplication::focusWindowChanged, window_.get(), answer,
                    Qt::QueuedConnection);
-  for (const auto& way : ways) {
-    for (const auto& [name, why] :
-         {std::pair("粗车", "有相同名称的分类词。"), {"", "分类词不能为空字符。"}}) {
-      for (const bool late : {true, false}) {
-        atOnce = !late;
-        Select("车削/精车");
-        Rename();
-        Type(name, 0);
-        way();
-        EXPECT_EQ(std::exchange(refused, {}), why);
-        EXPECT_EQ(SelectedText(), "精车");
-        EXPECT_EQ(Selected(), "车削/精车");
-        tvTreeView->CancelLabelEdit();
-      }
+  for (int i = 0; i < 8; ++i) {
+    const bool isEmpty = i % 2 == 0;
+    atOnce = i / 2 % 2 == 0;
+    Select("车削/精车");
+    Run(kRename);
+    Type(isEmpty ? "" : "粗车", 0);
+    if (i < 4) {
+      lvListView->setFocus();
+    } else {
+      Click("热处理");
     }
+    EXPECT_EQ(std::exchange(refused, {}),
+              isEmpty ? "分类词不能为空字符。" : "有相同名称的分类词。");
+    EXPECT_EQ(SelectedText(), "精车");
+    EXPECT_EQ(Selected(), "车削/精车");
   }
-  Audit();
 }
 
 TEST_F(EditingTest, DeletesOnlyWhenConfirmed) {
   const std::string tree = Tree();
   for (const char* place : kPlaces) {
     Select("");
-    Delete(place);
+    Run(kDelete, place);
     EXPECT_EQ(Messages(), "");
     Select("车削/粗车");
-    Delete(place);
+    Run(kDelete, place);
     EXPECT_EQ(Messages(), kConfirm);
     EXPECT_EQ(Tree(), tree);
-    Audit();
   }
-  Delete("车削/粗车/粗车外圆", kPlaces[0]);
-  EXPECT_EQ(Tree(), "车削(粗车(粗车端面) 精车) 热处理(淬火 粗车) 空类");
-  EXPECT_EQ(Selected(), "车削/粗车/粗车端面");  // the next one
-  EXPECT_EQ(TheWordTree().colTreePrptys().Count(), 5);
-  Audit();
-  Delete("热处理", kPlaces[1]);
-  EXPECT_EQ(Tree(), "车削(粗车(粗车端面) 精车) 空类");
-  Audit();
-
   const QToolButton* button = Find<QToolButton>("删除");
   bool enabled = true;
-  Select("空类");
   AnswerYes([&] { enabled = button->isEnabled(); });
-  Delete(kPlaces[2]);
+  Run(kDelete, kPlaces[2]);
   EXPECT_FALSE(enabled);
   EXPECT_TRUE(button->isEnabled());
-  EXPECT_EQ(Selected(), "车削");  // the previous one
+  EXPECT_EQ(Tree(), "车削(精车) 热处理(淬火 粗车) 空类");
+  EXPECT_EQ(TheWordTree().colTreePrptys().Count(), 3);
 }
 
 TEST_F(EditingTest, ClearsTheListWhenItShowsWhatHungBelow) {
-  const struct {
-    const char* shown;
-    const char* deleted;
-    const char* list;
-  } cases[] = {
+  // The node whose children the list shows, the node that is deleted, the list then.
+  const std::tuple<const char*, const char*, const char*> cases[] = {
       {"车削", "车削", ""},
       {"车削/粗车", "车削", "粗车外圆 粗车端面"},
       {"", "车削", "车削 热处理 空类"},
-      {"车削", "热处理", "粗车 精车"},
       {"", "空类", "车削 热处理 空类"},
       {"车削", "车削/粗车", "粗车 精车"},
-      {"车削/粗车/粗车外圆", "车削/粗车", "粗车外圆至φ50"},
+      {"车削/粗车", "车削/粗车", ""},
       {"车削/粗车", "车削/粗车/粗车端面", "粗车外圆 粗车端面"},
   };
   for (const auto& [shown, deleted, list] : cases) {
-    SCOPED_TRACE(std::string(shown) + ", " + deleted);
     OpenWindow();
     Click(shown);
-    Delete(deleted, "mnuPop");
-    EXPECT_EQ(List(), list);
+    Select(deleted);
+    AnswerYes();
+    Run(kDelete);
+    EXPECT_EQ(List(), list) << shown << ", " << deleted;
     Audit();
   }
 }
 
 TEST_F(EditingTest, ACommandFirstStoresTheNameThatIsTyped) {
-  for (const char* place : kPlaces) {
-    OpenWindow();
-    Select("车削/精车");
-    for (const char* name : {"精车外圆", "精车内孔"}) {
-      NewWord(place);
-      Type(name, 0);
-    }
-    Rename(place);
-    EXPECT_EQ(SelectedText(), "精车内孔");
-    Type("淬火", 0);  // of another category
-    Delete(place);    // is asked for the stored node, and answered with no
-    EXPECT_EQ(Messages(), kConfirm);
-    EXPECT_EQ(Tree(At("车削/精车")), "精车外圆(淬火)");
-    Audit();
-
-    const std::function<void()> commands[] = {[&] { NewItem(place); }, [&] { NewWord(place); },
-                                              [&] { Delete(place); }, [&] { Rename(place); }};
-    for (const auto& command : commands) {
-      Rename(place);
-      Type("粗车", 0);
-      command();
-      EXPECT_EQ(Messages(), kTaken);
-      EXPECT_EQ(SelectedText(), "淬火");
-    }
-    EXPECT_EQ(Tree(At("车削/精车")), "精车外圆(淬火)");
-    Audit();
+  Select("车削/精车");
+  for (const char* name : {"精车外圆", "精车内孔"}) {
+    Run(kNewWord);
+    Type(name, 0);
   }
+  Run(kRename);
+  EXPECT_EQ(SelectedText(), "精车内孔");
+  Type("淬火", 0);  // of another category
+  Run(kDelete);     // is asked for the stored node, and answered with no
+  EXPECT_EQ(Messages(), kConfirm);
+  for (const Command& command : {kNewItem, kNewWord, kDelete, kRename}) {
+    Run(kRename);
+    Type("粗车", 0);
+    Run(command);
+    EXPECT_EQ(Messages() + SelectedText(), kTaken + "淬火");
+  }
+  EXPECT_EQ(Tree(At("车削/精车")), "精车外圆(淬火)");
+  Audit();
 }
 
 TEST_F(EditingTest, TheClosingWindowFirstStoresTheNameThatIsTyped) {
   Select("车削/精车");
-  Rename();
+  Run(kRename);
   Type("粗车", 0);
   window_->close();
   EXPECT_TRUE(window_->isVisible());
   EXPECT_EQ(Messages(), kTaken);
   Type("半精车", 0);
   OpenWindow(false);
-  EXPECT_NE(Tree().find("半精车"), std::string::npos);
+  Select("车削/半精车");
   // Told to end, the program waits for nobody.
-  Select("车削");
-  Rename();
+  Run(kRename);
   Type("", 0);
   testing::internal::CaptureStderr();
   window_->PrepareToTerminate();
   window_->close();
   EXPECT_FALSE(window_->isVisible());
-  EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("分类条目不能为空字符。"));
+  EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("分类词不能为空字符。"));
   EXPECT_EQ(Messages(), "");
 }
 

@@ -3,12 +3,11 @@
 
 #include "main_window.h"
 
+#include "audit.h"
 #include "entry_scheme.h"
-#include "rows.h"
 #include "settings.h"
 #include "shared_objects.h"
 #include "status_bar.h"
-#include "word_tree.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -40,13 +39,6 @@ void MakeLibrary() {
 
 QLineEdit* FocusedEditor() {
   return qobject_cast<QLineEdit*>(QApplication::focusWidget());
-}
-
-// A row as rows.h has it.
-template <class... Values>
-std::string Row(const Values&... values) {
-  QStringList row = {QVariant(values).toString()...};
-  return row.join(u'|').toStdString() + '\n';
 }
 
 }  // namespace
@@ -167,57 +159,11 @@ MsgBoxResult MainWindowTest::Answer(const QString& text, MsgBoxButtons buttons, 
   return MsgBoxResult::kYes;
 }
 
-void MainWindowTest::Audit(Orphans orphans) const {
-  WordTree& records = TheWordTree();
-  std::string categories;
-  std::vector<std::string> words;
-  const auto auditNode = [](const Node& node, const auto& record, EntryTag tag, int image) {
-    EXPECT_EQ(record.NodeKey(), node.Key());
-    EXPECT_EQ(record.NodeName(), node.Text());
-    EXPECT_EQ(node.Tag(), tag);
-    EXPECT_EQ(node.Image(), image);
-  };
-  const std::function<void(const Node&, qint32, qint32)> auditWords =
-      [&](const Node& parent, qint32 dicId, qint32 fatherId) {
-        qint32 before = 0;
-        for (const Node* node = parent.Child(); node != nullptr; node = node->Next()) {
-          const TreePrpty& word = records.colTreePrptys().Item(node->Key());
-          auditNode(*node, word, kWordTag, 3);
-          EXPECT_EQ(word.Tag(), kWordTag);
-          EXPECT_EQ(word.FatherKey(), parent.Key());
-          EXPECT_EQ(word.FatherID(), fatherId);
-          EXPECT_EQ(word.DicID(), dicId);
-          EXPECT_GT(word.ID(), std::exchange(before, word.ID()));
-          words.push_back(Row(dicId, word.ID(), fatherId, node->Text()));
-          auditWords(*node, dicId, word.ID());
-        }
-      };
-  for (const Node* node = At("").Child(); node != nullptr; node = node->Next()) {
-    const DictPrpty& category = records.colDictPrptys().Item(node->Key());
-    auditNode(*node, category, kCategoryTag, 2);
-    EXPECT_EQ(category.Tag(), EntryTag());
-    categories += Row(category.DicID(), node->Text(), category.Position());
-    auditWords(*node, category.DicID(), 0);
-  }
-  EXPECT_EQ(records.colDictPrptys().Count(), At("").Children());
-  EXPECT_EQ(categories, Categories(TheConn()));
-  std::string stored = Words(TheConn());
-  for (const std::string& word : words) {
-    const size_t at = stored.find(word);
-    EXPECT_TRUE(at != std::string::npos) << word;
-    if (at != std::string::npos) stored.erase(at, word.size());
-  }
-  EXPECT_TRUE(stored.empty() || orphans == Orphans::kAllowed) << stored;
-
-  ListItems& items = lvListView->Items();
-  EXPECT_EQ(records.colListPrptys().Count(), items.Count());
-  for (int i = 1; i <= items.Count(); ++i) {
-    const ListItem& item = items.Item(i);
-    const ListPrpty& record = records.colListPrptys().Item(item.Key());
-    const bool category = item.Tag() == kCategoryTag;
-    EXPECT_EQ(record.NodeKey(), item.Key());
-    EXPECT_EQ(record.NodeName(), item.Text());
-    EXPECT_EQ(record.Tag(), category ? EntryTag() : kWordTag);
-    EXPECT_EQ(item.Icon(), category ? 2 : 3);
-  }
+void MainWindowTest::Audit(bool allowsOrphans) const {
+  const Library stored = StoredLibrary(TheConn());
+  Touched hidden;
+  if (allowsOrphans) hidden.entries = Orphans(stored);
+  CompareLibraries(ShownLibrary(*tvTreeView, hidden), stored, hidden);
+  AuditList(*lvListView);
+  AuditEditor(*tvTreeView);
 }

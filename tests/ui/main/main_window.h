@@ -22,8 +22,6 @@
 // The engine that HCW_TEST_ENGINE names, else SQLite: the one that this process runs on.
 const Engine& TestedEngine();
 
-enum class Orphans { kNone, kAllowed };
-
 // The main window over a fresh library of its own:
 //   车削 (7)      粗车 (1) > 粗车外圆 (2) > 粗车外圆至φ50 (4)
 //                         > 粗车端面 (3)
@@ -74,8 +72,8 @@ class MainWindowTest : public testing::Test {
   std::string Messages() { return std::exchange(messages_, {}); }
 
   // Holds the tree, the database's rows, the records and the list against each other. Orphans are
-  // words in the database that no node shows.
-  void Audit(Orphans orphans = Orphans::kNone) const;
+  // words in the database that no tree can show.
+  void Audit(bool allowsOrphans = false) const;
 
   template <class T>
   T* Find(const char* name) const {
