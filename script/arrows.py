@@ -25,7 +25,8 @@ LAYERS = [
     "base",
 ]
 # What the window asks of the library goes through store and engine.
-FORBIDDEN = {"src/ui": ["recordset.h", "statements.h", "connection.h", "component.h"]}
+FORBIDDEN = {folder: ["recordset.h", "statements.h", "connection.h", "component.h"]
+             for folder in ("src/ui/", "src/app/frm_main_life_cycle.cpp", "src/app/for_tree.cpp")}
 MOST_LINES = 400
 
 
@@ -75,7 +76,7 @@ def wrong_files():
             yield f"{file}: {lines} lines, and {MOST_LINES} are the most"
         for folder, headers in FORBIDDEN.items():
             for header in headers:
-                if file.startswith(folder + "/") and f'#include "{header}"' in text:
+                if file.startswith(folder) and f'#include "{header}"' in text:
                     yield f"{file}: includes {header}"
 
 

@@ -4,6 +4,7 @@
 #include "library_tasks.h"
 
 #include "bulk_writer.h"
+#include "characters.h"
 #include "com_func.h"
 #include "connection.h"
 #include "data_base_funcs.h"
@@ -40,6 +41,19 @@ bool TableExists(const char* table, Connection& connection) {
     return true;
   } catch (const DatabaseError&) {
     return false;
+  }
+}
+
+// MariaDB commits what each statement makes, whatever the transaction.
+void DropTables(const QStringList& made, Connection& connection) {
+  for (const char* table : kTables) {
+    const QString name = QLatin1String(table);
+    if (made.filter(QStringLiteral("create table %1 ").arg(name)).isEmpty()) continue;
+    try {
+      connection.Execute(QStringLiteral("drop table if exists ") + name);
+    } catch (const DatabaseError&) {
+      // The failure that led here is what counts.
+    }
   }
 }
 
@@ -87,6 +101,9 @@ QString Obstacle(const QString& name, QSet<QString>& names) {
   if (names.size() == before) return QStringLiteral("与前面的一个重名：已导出，导入前须改名。");
   if (name.contains(QChar(u'\0'))) {
     return QStringLiteral("的名称中有空字符：已导出，导入前须改名。");
+  }
+  if (Characters(name) > kMostCharacters) {
+    return QStringLiteral("的名称超过 %1 个字符：已导出，导入前须改名。").arg(kMostCharacters);
   }
   return QString();
 }
@@ -196,11 +213,18 @@ void CreateTables(Connection& connection) {
     }
   }
 
-  Transaction transaction(connection, Transaction::Use::kWrite);
-  for (const QString& statement : StatementsOf(QString::fromUtf8(schema.readAll()))) {
-    connection.Execute(statement);
+  QStringList made;
+  try {
+    Transaction transaction(connection, Transaction::Use::kWrite);
+    for (const QString& statement : StatementsOf(QString::fromUtf8(schema.readAll()))) {
+      connection.Execute(statement);
+      made += statement;
+    }
+    transaction.Commit();
+  } catch (const DatabaseError&) {
+    DropTables(made, connection);
+    throw;
   }
-  transaction.Commit();
 }
 
 Imported ImportLibrary(Connection& connection, Outline outline, Duplicates how) {

@@ -3,6 +3,8 @@
 
 #include "outline.h"
 
+#include "characters.h"
+
 #include "error.h"
 
 #include <QStringDecoder>
@@ -12,9 +14,6 @@
 #include <utility>
 
 namespace {
-
-// As many as the tables take: characters of Unicode, a pair of surrogates is one.
-constexpr qsizetype kLongestName = 4000;
 
 bool IsLoneSurrogate(const QString& name, qsizetype i) {
   if (name[i].isHighSurrogate()) {
@@ -65,15 +64,15 @@ QString Unescape(const QString& text) {
       i += 4;
     }
   }
-  qsizetype length = 0;
   for (qsizetype i = 0; i < name.size(); ++i) {
-    length += name[i].isLowSurrogate() ? 0 : 1;
     if (IsLoneSurrogate(name, i)) {
       throw Error(QStringLiteral("名称中有不成对的代理项（\\ud800 至 \\udfff）。"));
     }
   }
-  if (length > kLongestName) {
-    throw Error(QStringLiteral("名称有 %1 个字符，最多 %2 个。").arg(length).arg(kLongestName));
+  if (Characters(name) > kMostCharacters) {
+    throw Error(QStringLiteral("名称有 %1 个字符，最多 %2 个。")
+                    .arg(Characters(name))
+                    .arg(kMostCharacters));
   }
   return name;
 }

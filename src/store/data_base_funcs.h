@@ -13,8 +13,9 @@ class Connection;
 inline constexpr qint32 kSelCategory = 1;
 inline constexpr qint32 kSelWord = 2;
 
-// The only writer of the library's tables. Sel is 1 for a category and 2 for a word; DictID is the
-// category's GID. What is not said to be reported otherwise is raised as DatabaseError.
+// The window's only writer of the library's tables. Sel is 1 for a category and 2 for a word;
+// DictID is the category's GID. What is not said to be reported otherwise is raised as
+// DatabaseError.
 class DataBaseFuncs {
  public:
   // Writes through `connection`, which must outlive this object.

@@ -29,13 +29,11 @@ class EditWordsFuncsTest : public EngineTest {
   }
 
   void StoreCategories(const QString& rows) {
-    connection_.Execute(QStringLiteral("insert into Dictionary (GID,Position,SortName) values ") +
-                        rows);
+    connection_.Execute("insert into Dictionary (GID,Position,SortName) values " + rows);
   }
   void StoreWords(const QString& rows) {
     DropGuards();
-    connection_.Execute(QStringLiteral("insert into Items (SortID,ID,FatherID,NodeName) values ") +
-                        rows);
+    connection_.Execute("insert into Items (SortID,ID,FatherID,NodeName) values " + rows);
   }
 
   // A line for each node that was loaded, indented by its level: its key, its text, its record's
@@ -51,21 +49,21 @@ class EditWordsFuncsTest : public EngineTest {
     std::string text;
     for (const Node* node = parent.Child(); node != nullptr; node = node->Next()) {
       const EntryKey key = node->Key();
-      QString line = QString(qsizetype{2} * level, u' ') + key.Text() + u' ' +
-                     (node->Text().size() > 20 ? QStringLiteral("long") : node->Text());
+      const QString name = node->Text();
+      QString ids;
       if (level == 0) {
         const DictPrpty& record = wordTree_.colDictPrptys().Item(key);
-        EXPECT_EQ(record.NodeName(), node->Text());
-        line += QStringLiteral(" %1 at %2\n").arg(record.DicID()).arg(record.Position());
+        EXPECT_EQ(record.NodeName(), name);
+        ids = QStringLiteral("%1 at %2").arg(record.DicID()).arg(record.Position());
       } else {
         const TreePrpty& record = wordTree_.colTreePrptys().Item(key);
-        EXPECT_EQ(record.NodeName(), node->Text());
-        EXPECT_EQ(record.FatherKey(), parent.Key());
-        line += QStringLiteral(" %1 %2 %3\n")
-                    .arg(record.DicID())
-                    .arg(record.ID())
-                    .arg(record.FatherID());
+        EXPECT_TRUE(record.NodeName() == name && record.FatherKey() == parent.Key());
+        ids =
+            QStringLiteral("%1 %2 %3").arg(record.DicID()).arg(record.ID()).arg(record.FatherID());
       }
+      const QString indent(qsizetype{2} * level, u' ');
+      const QString shown = name.size() > 20 ? QStringLiteral("long") : name;
+      const QString line = indent + key.Text() + u' ' + shown + u' ' + ids + u'\n';
       text += line.toStdString() + Below(*node, level + 1);
     }
     return text;

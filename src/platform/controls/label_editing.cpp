@@ -134,6 +134,10 @@ bool LabelEditing::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   swallowed_ = Qt::NoButton;
+  // The press that comes before a double click is told of says nothing that this does not.
+  if (type == QEvent::MouseButtonPress && (mouse.flags() & Qt::MouseEventCreatedDoubleClick) != 0) {
+    return false;
+  }
   // An open menu has the mouse.
   if (!IsOpen() || QApplication::activePopupWidget() != nullptr) return false;
   const QWidget* const window = tree_.window();

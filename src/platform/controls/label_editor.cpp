@@ -3,6 +3,8 @@
 
 #include "label_editor.h"
 
+#include "characters.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethod>
@@ -39,10 +41,6 @@ QString OnOneLine(QStringView text) {
     }
   }
   return line;
-}
-
-qsizetype Characters(QStringView text) {
-  return std::count_if(text.begin(), text.end(), [](QChar c) { return !c.isLowSurrogate(); });
 }
 
 // The first `count` characters, or all when there are fewer.

@@ -17,9 +17,6 @@ class LabelEditor : public QLineEdit {
  public:
   enum class Ending { kEnter, kEscape, kLeft };
 
-  // The most characters (Unicode code points) of a name, as in the library's tables.
-  static constexpr qsizetype kMostCharacters = 4000;
-
   LabelEditor(const QString& text, QWidget* parent);
 
   // Whether the text is another than that with which the editor opened.

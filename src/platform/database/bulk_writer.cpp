@@ -14,7 +14,7 @@ namespace {
 // More rows in a statement gain nothing more.
 constexpr qsizetype kMostRows = 64;
 // No engine refuses a statement of this length.
-constexpr qsizetype kMostCharacters = 100'000;
+constexpr qsizetype kMostTextUnits = 100'000;
 
 }  // namespace
 
@@ -35,7 +35,7 @@ void BulkWriter::Add(const std::vector<FieldValue>& row) {
   text += u')';
   characters_ += text.size();
   rows_ += std::move(text);
-  if (rows_.size() >= kMostRows || characters_ >= kMostCharacters) Finish();
+  if (rows_.size() >= kMostRows || characters_ >= kMostTextUnits) Finish();
 }
 
 void BulkWriter::Finish() {

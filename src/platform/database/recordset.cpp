@@ -11,6 +11,7 @@
 
 #include <QRegularExpression>
 
+#include <exception>
 #include <limits>
 
 namespace {
@@ -66,6 +67,7 @@ struct Recordset::Impl {
 
   bool adding = false;
   NewRow newRow;
+  std::exception_ptr noNumber;  // of the row stored last
   InsertStatement insert;
 
   void RequireOpen() const;
@@ -77,6 +79,9 @@ struct Recordset::Impl {
   [[noreturn]] void FailWithoutCurrentRow() const;
   // The number that the database has given to the row just stored, which stands in `column`.
   qint64 GivenNumber(size_t column) const;
+  // The same for a column that was left to the database, which need not be a numbering one: a
+  // failure is kept for whoever reads the number, for the row is stored.
+  qint64 AskNumber(size_t column);
 };
 
 void Recordset::Impl::RequireOpen() const {
@@ -101,6 +106,15 @@ qint64 Recordset::Impl::GivenNumber(size_t column) const {
                identityStatement != nullptr ? QString::fromLatin1(identityStatement) : statement);
   if (answer.RowCount() == 0) throw DatabaseError(QStringLiteral("数据库没有给出新记录的编号。"));
   return IntegerAt(answer, identityStatement != nullptr ? 0 : column, answer.RowCount() - 1);
+}
+
+qint64 Recordset::Impl::AskNumber(size_t column) {
+  try {
+    return GivenNumber(column);
+  } catch (const DatabaseError&) {
+    noNumber = std::current_exception();
+    return 0;
+  }
 }
 
 Recordset::Recordset() : impl_(std::make_unique<Impl>()) {}
@@ -185,6 +199,8 @@ size_t Recordset::ColumnOf(const char* name) const {
 
 qint32 Recordset::FieldInteger(size_t column) const {
   impl_->RequireCurrentRow();
+  const bool isNewRow = impl_->noNumber && impl_->current + 1 == impl_->rows.RowCount();
+  if (isNewRow && !impl_->newRow[column]) std::rethrow_exception(impl_->noNumber);
   const qint64 number = IntegerAt(impl_->rows, column, impl_->current);
   if (number < std::numeric_limits<qint32>::min() || number > std::numeric_limits<qint32>::max()) {
     throw DatabaseError(QStringLiteral("字段“%1”的值 %2 超出 32 位整数的范围。")
@@ -237,13 +253,13 @@ void Recordset::Update() {
   impl_->connection->TakeStep();
   RowBuffer& rows = impl_->rows;
   impl_->insert.Run(*impl_->connection, impl_->table, rows, impl_->newRow);
+  impl_->noNumber = nullptr;
 
-  // What can fail comes before the record set changes.
   std::vector<qint64> numbers(rows.ColumnCount());
   for (size_t column = 0; column < rows.ColumnCount(); ++column) {
     if (rows.IsText(column)) continue;
     const std::optional<FieldValue>& value = impl_->newRow[column];
-    numbers[column] = value ? std::get<qint32>(*value) : impl_->GivenNumber(column);
+    numbers[column] = value ? std::get<qint32>(*value) : impl_->AskNumber(column);
   }
   impl_->current = rows.RowCount();
   for (size_t column = 0; column < rows.ColumnCount(); ++column) {

@@ -6,13 +6,13 @@
 #include "log.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QStringDecoder>
 #include <QtEndian>
 
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <cstring>
 
 #include <sys/stat.h>
 
@@ -61,12 +61,17 @@ bool ReadRegistryFile(const QString& path, RegistryKeys& keys) {
   if (!MayBeThere(path)) return true;
   QFile file(path);
   // A pipe would have to be waited for.
-  const bool regular = QFileInfo(path).isFile();
+  struct stat status;
+  const bool isThere = stat(QFile::encodeName(path).constData(), &status) == 0;
+  const int reason = errno;
+  const bool regular = isThere && S_ISREG(status.st_mode);
   const QByteArray content =
       regular && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   if (!regular || file.error() != QFile::NoError) {
     qCWarning(lcHCWordLib, "%s：无法读取：%s", qUtf8Printable(path),
-              regular ? qUtf8Printable(file.errorString()) : "不是普通文件");
+              regular   ? qUtf8Printable(file.errorString())
+              : isThere ? "不是普通文件"
+                        : std::strerror(reason));
     return false;
   }
   RegistryValues* key = nullptr;

@@ -63,7 +63,7 @@ void frmMain::tvTreeView_MouseDown(int Button) {
 }
 
 void frmMain::tvTreeView_MouseUp(int Button) {
-  if (Button != kRightButton) return;
+  if (Button != kRightButton || !tvTreeView->EndLabelEdit()) return;
   IgnoringErrors([this] {
     Node* clicked = tvTreeView->DropHighlight();
     if (clicked == nullptr) throw Error(QStringLiteral("未设置对象变量"));
@@ -94,12 +94,11 @@ void frmMain::tvTreeView_BeforeLabelEdit(qint16& Cancel) {
   if (SelectedTag() == kRootTag) Cancel = 1;
 }
 
-// Nobody is there to read a message once the program has been told to end.
+// Nobody is there to read a message once the program has been told to end, be it while it shows.
 void frmMain::Refuse(const QString& name, const QString& why) {
+  if (!isTerminating_) MsgBox(this, why, MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
   if (isTerminating_) {
     qCWarning(lcHCWordLib, "名称“%s”没有保存：%s", qUtf8Printable(name), qUtf8Printable(why));
-  } else {
-    MsgBox(this, why, MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
   }
 }
 

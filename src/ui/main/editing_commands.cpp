@@ -20,14 +20,11 @@
 #include <exception>
 #include <optional>
 
-// Each command first ends an open editing, and does nothing when the name in it was refused.
-
 void frmMain::mnuEditNewItem_Click() {
-  if (tvTreeView->EndLabelEdit()) NewDict();
+  NewDict();
 }
 
 void frmMain::mnuEditNewWord_Click() {
-  if (!tvTreeView->EndLabelEdit()) return;
   const EntryTag tag = SelectedTag();
   if (tag == kCategoryTag) {
     NewWord(kSelCategory);
@@ -37,7 +34,6 @@ void frmMain::mnuEditNewWord_Click() {
 }
 
 void frmMain::mnuEditDelete_Click() {
-  if (!tvTreeView->EndLabelEdit()) return;
   const EntryTag tag = SelectedTag();
   if (tag == kCategoryTag) {
     DeleteNode(kSelCategory);
@@ -47,7 +43,7 @@ void frmMain::mnuEditDelete_Click() {
 }
 
 void frmMain::mnuEditRename_Click() {
-  if (tvTreeView->EndLabelEdit()) tvTreeView->StartLabelEdit();
+  tvTreeView->StartLabelEdit();
 }
 
 void frmMain::NewDict() {

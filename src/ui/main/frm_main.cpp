@@ -52,7 +52,7 @@ frmMain::frmMain() : placement_(*this) {
 }
 
 frmMain::~frmMain() {
-  // The controls go before the image lists and the records that their handlers use.
+  // The controls go before the records that their handlers use.
   client->removeEventFilter(this);
   delete takeCentralWidget();
 }
@@ -127,12 +127,19 @@ void frmMain::CreateBars() {
   cbStatusBar->lower();
 }
 
+// A command first ends an open editing, and does nothing when the name in it was refused.
 QAction* frmMain::AddItem(QMenu* menu, const char* name, const QString& caption,
                           void (frmMain::*click)()) {
   QAction* item = menu->addAction(caption);
   item->setObjectName(QString::fromLatin1(name));
   item->setMenuRole(QAction::NoRole);
-  connect(item, &QAction::triggered, this, Guarded([this, click](bool) { (this->*click)(); }));
+  connect(item, &QAction::triggered, this, Guarded([this, item, click](bool) {
+            if (tvTreeView->EndLabelEdit()) {
+              (this->*click)();
+            } else if (item->isCheckable()) {
+              item->toggle();  // which the click itself has done
+            }
+          }));
   return item;
 }
 

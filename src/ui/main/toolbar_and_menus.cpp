@@ -40,6 +40,7 @@ void frmMain::mnuHelpAbout_Click() {
 
 // An error ends the command that it met, nothing more; its reason is told beside the button.
 void frmMain::tbToolBar_ButtonClick(ToolBarButton& Button) {
+  if (!tvTreeView->EndLabelEdit()) return;
   const auto run = [&Button](const auto& step) {
     try {
       step();

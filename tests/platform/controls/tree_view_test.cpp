@@ -33,18 +33,6 @@ TEST_F(TreeViewTest, OnlyAClickOnPictureOrLabelSelects) {
   EXPECT_EQ(Selected() + Logged(), "aa.a.");
 }
 
-TEST_F(TreeViewTest, TheRightButtonHighlightsTheNodeThatItIsClickedOn) {
-  QObject::connect(&tree_, &TreeView::MouseUp, [this] {
-    Log(QStringLiteral("on ") +
-        (tree_.DropHighlight() == nullptr ? QString() : tree_.DropHighlight()->Text()));
-  });
-  const QPoint b = Label("b");
-  Click(b, Qt::RightButton);
-  Click(b + QPoint(120, 0), Qt::RightButton);
-  EXPECT_EQ(tree_.DropHighlight(), nullptr);
-  EXPECT_EQ(Selected() + Logged(), "rooton b.b.on .");
-}
-
 TEST_F(TreeViewTest, KeysSelectAsTheMouseDoes) {
   // The key, the node that is selected then, the nodes that are not hidden, what is raised.
   const std::tuple<Qt::Key, const char*, int, const char*> cases[] = {
@@ -92,30 +80,29 @@ TEST_F(TreeViewTest, TheMenuKeysAskForAMenuAtTheSelectedNode) {
 TEST_F(TreeViewTest, GoesSidewaysOnlyAsFarAsANodeNeeds) {
   const QString wide(400, u'w');
   Add("a2", wide);
-  const std::string name = wide.toStdString();
   QScrollBar* const bar = tree_.horizontalScrollBar();
-  tree_.EnsureVisible(At(name));
+  tree_.EnsureVisible(At(wide));
   EXPECT_EQ(bar->value(), 0);  // enough of it is in sight
-  EXPECT_GE(bar->maximum() + tree_.viewport()->width(), tree_.LabelRect(At(name)).right());
+  EXPECT_GE(bar->maximum() + tree_.viewport()->width(), tree_.LabelRect(At(wide)).right());
   bar->setValue(bar->maximum());
   tree_.EnsureVisible(At("a2"));
   EXPECT_EQ(tree_.ItemRect(At("a2")).left(), tree_.indentation());  // its box
-  Select(name.c_str());
+  tree_.SetSelectedItem(At(wide));
   Press(Qt::Key_F2);
   bar->setValue(0);
   const QRect editor = QApplication::focusWidget()->geometry();
-  EXPECT_EQ(editor.left(), tree_.LabelRect(At(name)).left() - 2);
+  EXPECT_EQ(editor.left(), tree_.LabelRect(At(wide)).left() - 2);
   EXPECT_LT(editor.right(), tree_.viewport()->width());
   tree_.resize(150, 260);
-  tree_.EnsureVisible(At(name));
-  EXPECT_EQ(tree_.LabelRect(At(name)).left() + 60, tree_.viewport()->width());
+  tree_.EnsureVisible(At(wide));
+  EXPECT_EQ(tree_.LabelRect(At(wide)).left() + 60, tree_.viewport()->width());
 }
 
 TEST_F(TreeViewTest, ANeighbourIsSelectedForARemovedNode) {
-  const std::pair<const char*, const char*> removals[] = {
-      {"a1", "a2"}, {"a2", "a"}, {"b", "a"}, {"a", "root"}};
-  for (const auto& [removed, selected] : removals) {
-    Select(std::string_view(removed) == "a1" ? "a11" : removed);
+  for (const auto& [removed, selected] :
+       {std::pair("a1", "a2"), {"a2", "a"}, {"b", "a"}, {"a", "root"}}) {
+    Node* const below = At(removed).Child();
+    tree_.SetSelectedItem(below == nullptr ? At(removed) : *below);
     tree_.RemoveNode(At(removed).Key());
     EXPECT_EQ(Selected() + Logged(), selected);
   }

@@ -15,7 +15,6 @@
 #include <QTimer>
 
 #include <functional>
-#include <map>
 #include <string>
 
 // A window with a menu bar, a button and a tree, in which root is selected:
@@ -50,14 +49,16 @@ class TreeWindowTest : public testing::Test {
     if (!QTest::qWaitFor([this] { return tree_.hasFocus(); })) ADD_FAILURE() << "no focus";
   }
 
-  void Add(const std::string& parent, const QString& name) {
-    const EntryKey key = EntryKey::Numbered(static_cast<int>(keys_.size()));
-    tree_.Nodes().Add(parent.empty() ? EntryKey() : keys_.at(parent), Relationship::kChild, key,
-                      name, 1);
-    keys_.emplace(name.toStdString(), key);
+  void Add(const char* parent, const QString& name) {
+    const EntryKey key = *parent == 0 ? EntryKey() : At(QString::fromUtf8(parent)).Key();
+    tree_.Nodes().Add(key, Relationship::kChild, EntryKey::Numbered(names_.size()), name, 1);
+    names_ += name;
   }
   // The node that was added under this name.
-  Node& At(const std::string& name) { return tree_.Nodes().Item(keys_.at(name)); }
+  Node& At(const QString& name) {
+    return tree_.Nodes().Item(EntryKey::Numbered(names_.indexOf(name)));
+  }
+  Node& At(const char* name) { return At(QString::fromUtf8(name)); }
   void Select(const char* name) { tree_.SetSelectedItem(At(name)); }
   std::string Selected() const { return tree_.SelectedItem()->Text().toStdString(); }
   // A point of the tree, the middle of a node's label in the window; scrolls the label into view.
@@ -83,6 +84,6 @@ class TreeWindowTest : public testing::Test {
   TreeView tree_{&window_};
 
  private:
-  std::map<std::string, EntryKey> keys_;
+  QStringList names_;
   std::string log_;
 };

@@ -56,7 +56,7 @@ TEST(FrmAbout, StartsTheProgramOfTheFirstLocationThatIsThereOrSaysThatThereIsNon
     frmAbout about;
     about.show();
     QString message;
-    SetMsgBoxTwin([&message](const QString& text, auto, auto, const QString& title) {
+    SetMsgBoxTwin([&](const QString& text, auto, auto, const QString& title) {
       message = title + QLatin1Char('|') + text;
       return MsgBoxResult::kOk;
     });

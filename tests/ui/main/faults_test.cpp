@@ -16,8 +16,7 @@ namespace {
 
 const std::string kWhole =
     "车削(粗车(粗车外圆(粗车外圆至φ50) 粗车端面) 精车) 热处理(淬火 粗车) 空类";
-constexpr int kInconsistent = 2;
-constexpr int kStored = 3;
+enum Status { kNeither, kEnded, kInconsistent, kStored };
 
 class FaultsTest : public MainWindowTest {
  protected:

@@ -11,16 +11,6 @@ TEST(LayoutArithmetic, PutsEverythingInItsPlace) {
   // The window; the tree pane's width that is asked for; tree pane, tree, list pane, list, grip,
   // bars.
   const std::tuple<LayoutInput, float, const char*> cases[] = {
-      // Narrow, without the tool bar.
-      {{6000, 6000, false, 600, true, 450},
-       5000,
-       "0,50 4500x5490; 30,260 4360x5160; 4520,60 1340x5460; 800,10 520x5450; 4460,70 60x5430; "
-       "0,120 14940x600; 0,5550 5880x450; "},
-      // Without the status bar.
-      {{6500, 5000, true, 600, false, 450},
-       1499,
-       "0,660 1500x4340; 30,260 1360x4010; 1520,740 4840x4250; 800,10 4020x4240; 1460,710 60x4250; "
-       "0,120 6440x600; 0,8550 14880x450; "},
       // Without both.
       {{6500, 5000, false, 600, false, 450},
        3200.5F,

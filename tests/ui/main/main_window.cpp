@@ -23,18 +23,16 @@ void MakeLibrary() {
   connection.SetConnectionString(QStringLiteral("DSN=HCWordLib"));
   connection.Open();
   MakeEmptyLibrary(TestedEngine(), connection);
-  const QString numbers = QStringLiteral(",(1,2,3,4)").repeated(12).mid(1);  // 1 to 12
-  connection.Execute(
-      QStringLiteral(
-          "insert into GUIDLists (GUIDField1,GUIDField2,GUIDField3,GUIDField4) values ") +
-      numbers);
-  connection.Execute(
-      QStringLiteral("insert into Dictionary (GID,SortName,Position) values "
-                     "(7,'车削',1),(9,'热处理',2),(12,'空类',4)"));
-  connection.Execute(
-      QStringLiteral("insert into Items (SortID,ID,FatherID,NodeName) values (7,1,0,'粗车'),"
-                     "(7,2,1,'粗车外圆'),(7,3,1,'粗车端面'),(7,4,2,'粗车外圆至φ50'),"
-                     "(7,5,0,'精车'),(9,1,0,'淬火'),(9,2,0,'粗车')"));
+  for (const char* rows :
+       {"GUIDLists (GUIDField1,GUIDField2,GUIDField3,GUIDField4) values (1,2,3,4),(1,2,3,4),"
+        "(1,2,3,4),(1,2,3,4),(1,2,3,4),(1,2,3,4),(1,2,3,4),(1,2,3,4),(1,2,3,4),(1,2,3,4),"
+        "(1,2,3,4),(1,2,3,4)",  // 1 to 12
+        "Dictionary (GID,SortName,Position) values (7,'车削',1),(9,'热处理',2),(12,'空类',4)",
+        "Items (SortID,ID,FatherID,NodeName) values (7,1,0,'粗车'),(7,2,1,'粗车外圆'),"
+        "(7,3,1,'粗车端面'),(7,4,2,'粗车外圆至φ50'),(7,5,0,'精车'),(9,1,0,'淬火'),(9,2,0,'粗车'"
+        ")"}) {
+    connection.Execute(QStringLiteral("insert into ") + QString::fromUtf8(rows));
+  }
 }
 
 QLineEdit* FocusedEditor() {
@@ -45,9 +43,10 @@ QLineEdit* FocusedEditor() {
 
 const Engine& TestedEngine() {
   const QByteArray name = qgetenv("HCW_TEST_ENGINE");
-  const auto* const found = std::find_if(std::begin(kEngines), std::end(kEngines),
-                                         [&](const Engine& engine) { return engine.name == name; });
-  return found == std::end(kEngines) ? kEngines[0] : *found;
+  for (const Engine& engine : kEngines) {
+    if (engine.name == name) return engine;
+  }
+  return kEngines[0];
 }
 
 MainWindowTest::MainWindowTest() {
