@@ -48,6 +48,8 @@ class Session : public QObject {
   void OpenWindow();
   void Settle();
   void AnswerBox(QDialog& dialog);
+  [[noreturn]] void EndBehind(const QString& message);
+  void TakeStrays(const Library& stored);
   void Audit(const Library& before);
   std::optional<Editing> OpenEditing();
 

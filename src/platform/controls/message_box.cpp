@@ -6,8 +6,24 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <utility>
+
+namespace {
+
+MsgBoxTwin& Twin() {
+  static MsgBoxTwin twin;
+  return twin;
+}
+
+}  // namespace
+
+void SetMsgBoxTwin(MsgBoxTwin twin) {
+  Twin() = std::move(twin);
+}
+
 MsgBoxResult MsgBox(QWidget* owner, const QString& text, MsgBoxButtons buttons, MsgBoxIcon icon,
                     const QString& title) {
+  if (Twin()) return Twin()(text, buttons, icon, title);
   QMessageBox box(owner);
   box.setWindowTitle(title);
   box.setText(text);

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class QWidget;
 
 enum class MsgBoxButtons { kOkOnly, kYesNo };
@@ -17,3 +19,9 @@ MsgBoxResult MsgBox(QWidget* owner, const QString& text,
                     MsgBoxButtons buttons = MsgBoxButtons::kOkOnly,
                     MsgBoxIcon icon = MsgBoxIcon::kNone,
                     const QString& title = QStringLiteral("HCWordLib"));
+
+// Answers every message box in the user's place, and none is shown; an empty one gives the boxes
+// back to the user. For tests.
+using MsgBoxTwin = std::function<MsgBoxResult(const QString& text, MsgBoxButtons buttons,
+                                              MsgBoxIcon icon, const QString& title)>;
+void SetMsgBoxTwin(MsgBoxTwin twin);

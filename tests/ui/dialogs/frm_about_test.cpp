@@ -3,6 +3,7 @@
 
 #include "frm_about.h"
 
+#include "message_box.h"
 #include "registry.h"
 
 #include <gtest/gtest.h>
@@ -10,11 +11,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 #include <sys/stat.h>
 
@@ -57,11 +56,9 @@ TEST(FrmAbout, StartsTheProgramOfTheFirstLocationThatIsThereOrSaysThatThereIsNon
     frmAbout about;
     about.show();
     QString message;
-    QTimer::singleShot(0, &about, [&message] {
-      auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (!box) return;
-      message = box->windowTitle() + QLatin1Char('|') + box->text();
-      box->accept();
+    SetMsgBoxTwin([&message](const QString& text, auto, auto, const QString& title) {
+      message = title + QLatin1Char('|') + text;
+      return MsgBoxResult::kOk;
     });
     about.findChild<QPushButton*>("cmdSysInfo")->click();
     EXPECT_EQ(message, starts ? "" : "HCWordLib|此时系统信息不可用") << tree.data();

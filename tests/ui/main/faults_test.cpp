@@ -26,7 +26,7 @@ class FaultsTest : public MainWindowTest {
   bool RunWithFault(const char* button, const char* path, int n) {
     OpenWindow();
     Click(path);
-    AnswerNext("是");
+    AnswerYes();
     const auto stepsLeft = FailStep(TheConn(), n);
     PressButton(button);
     const bool failed = *stepsLeft <= 0;

@@ -14,7 +14,6 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
-#include <QMessageBox>
 
 #include <algorithm>
 
@@ -60,8 +59,7 @@ const Engine& TestedEngine() {
 }
 
 MainWindowTest::MainWindowTest() {
-  QObject::connect(&answers_, &QTimer::timeout, [this] { AnswerMessage(); });
-  answers_.start(1);
+  SetMsgBoxTwin([this](const auto&... asked) { return Answer(asked...); });
   OpenWindow();
 }
 
@@ -155,35 +153,18 @@ void MainWindowTest::Type(const char* text, int key) {
   if (key != 0) QTest::keyClick(editor, Qt::Key(key));
 }
 
-void MainWindowTest::AnswerNext(const char* button, std::function<void()> meanwhile) {
-  button_ = QString::fromUtf8(button);
-  meanwhile_ = std::move(meanwhile);
-}
-
-void MainWindowTest::AnswerMessage() {
-  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-  if (box == nullptr) return;
-  QAbstractButton* answer = box->escapeButton();
-  QString buttons;
-  for (QAbstractButton* button : box->buttons()) {
-    const QString text = button->text().section(u'(', 0, 0);
-    buttons += u'|' + text;
-    if (text == button_ || box->buttons().size() == 1) answer = button;
-  }
-  const char* const icon = box->icon() == QMessageBox::NoIcon        ? "none"
-                           : box->icon() == QMessageBox::Information ? "information"
-                                                                     : "critical";
-  const QString message = box->windowTitle() + u'|' + box->text() + u'|' + QLatin1String(icon);
-  messages_ += (message + buttons + u'\n').toStdString();
-  if (meanwhile_) std::exchange(meanwhile_, {})();
-  button_.clear();
-  // As window managers do: at once, or some time after the box is gone.
-  if (activatesAtOnce_) {
-    QObject::connect(box, &QDialog::finished, box->parentWidget(), &QWidget::activateWindow);
-  } else {
-    QTimer::singleShot(0, box->parentWidget(), &QWidget::activateWindow);
-  }
-  answer->click();
+MsgBoxResult MainWindowTest::Answer(const QString& text, MsgBoxButtons buttons, MsgBoxIcon icon,
+                                    const QString& title) {
+  const bool isQuestion = buttons == MsgBoxButtons::kYesNo;
+  const char* const shown = icon == MsgBoxIcon::kNone          ? "none"
+                            : icon == MsgBoxIcon::kInformation ? "information"
+                                                               : "critical";
+  messages_ +=
+      (title + u'|' + text + u'|').toStdString() + shown + (isQuestion ? "|yes|no\n" : "|ok\n");
+  if (!isQuestion) return MsgBoxResult::kOk;
+  if (!meanwhile_) return MsgBoxResult::kNo;
+  std::exchange(meanwhile_, {})();
+  return MsgBoxResult::kYes;
 }
 
 void MainWindowTest::Audit(Orphans orphans) const {

@@ -6,13 +6,13 @@
 #include "engines.h"
 #include "frm_main.h"
 #include "list_view.h"
+#include "message_box.h"
 #include "tree_view.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
 #include <functional>
@@ -30,12 +30,15 @@ enum class Orphans { kNone, kAllowed };
 //                 精车 (5)
 //   热处理 (9)    淬火 (1), 粗车 (2)
 //   空类 (12)
-// Nodes are named by their path: "车削/粗车", "" for the root. Every message box is answered, as by
-// Escape unless the test wants another answer.
+// Nodes are named by their path: "车削/粗车", "" for the root. A twin answers the message boxes, as
+// Escape would unless the test wants another answer.
 class MainWindowTest : public testing::Test {
  protected:
   MainWindowTest();
-  ~MainWindowTest() override { CloseWindow(); }
+  ~MainWindowTest() override {
+    CloseWindow();
+    SetMsgBoxTwin({});
+  }
 
   // Loads the library, a fresh one if wanted, into a new window of 600 by 600 pixels.
   void OpenWindow(bool fresh = true);
@@ -65,8 +68,8 @@ class MainWindowTest : public testing::Test {
   // Replaces the text in the editor and presses the key, if any.
   void Type(const char* text, int key = Qt::Key_Return);
 
-  // The next message box is answered with this button, after `meanwhile` was called.
-  void AnswerNext(const char* button, std::function<void()> meanwhile = {});
+  // The next question is answered with yes, after `meanwhile` was called.
+  void AnswerYes(std::function<void()> meanwhile = [] {}) { meanwhile_ = std::move(meanwhile); }
   // The messages since the last call, a line each: title|text|icon|buttons.
   std::string Messages() { return std::exchange(messages_, {}); }
 
@@ -81,16 +84,14 @@ class MainWindowTest : public testing::Test {
     return found;
   }
 
-  bool activatesAtOnce_ = false;  // the main window, after a message
   std::unique_ptr<frmMain> window_;
   TreeView* tvTreeView = nullptr;
   ListView* lvListView = nullptr;
 
  private:
-  void AnswerMessage();
+  MsgBoxResult Answer(const QString& text, MsgBoxButtons buttons, MsgBoxIcon icon,
+                      const QString& title);
 
-  QTimer answers_;
-  QString button_;
   std::function<void()> meanwhile_;
   std::string messages_;
 };
