@@ -41,24 +41,23 @@ end $$;
 create trigger DictionaryDeleted after delete on Dictionary
 for each row execute procedure DictionaryDeleted();
 
--- No word without its category and, where it has one, its parent word. These are locked first, so
--- that whoever deletes one of them at the same moment is waited for and keeps waiting; then the
--- statement after that sees what is left.
+-- No word without its category and, where it has one, its parent word. These are locked, so that
+-- whoever deletes one of them at the same moment is waited for and keeps waiting. One by one, because
+-- a plan for many, made while the table was small, would go on reading all of it.
 create or replace function ItemsInserted() returns trigger language plpgsql as $$
+declare
+  parent record;
 begin
-  perform 1 from Dictionary where GID in (select SortID from Added) for key share;
-  perform 1 from Items
-    where (SortID, ID) in (select SortID, FatherID from Added where FatherID <> 0)
-    for key share;
-  if exists (
-    select 1 from Added
-    where SortID not in (select GID from Dictionary)
-      or FatherID <> 0 and not exists (
-        select 1 from Items where Items.SortID = Added.SortID and Items.ID = Added.FatherID)
-  ) then
-    raise exception using errcode = 'foreign_key_violation',
-      message = '分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。';
-  end if;
+  for parent in select distinct SortID, FatherID from Added order by SortID, FatherID loop
+    perform 1 from Dictionary where GID = parent.SortID for key share;
+    if found and parent.FatherID <> 0 then
+      perform 1 from Items where SortID = parent.SortID and ID = parent.FatherID for key share;
+    end if;
+    if not found then
+      raise exception using errcode = 'foreign_key_violation',
+        message = '分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。';
+    end if;
+  end loop;
   return null;
 end $$;
 

@@ -12,7 +12,7 @@
 namespace {
 
 // More rows in a statement gain nothing more.
-constexpr qsizetype kMostRows = 64;
+constexpr qsizetype kMostRows = 500;
 // No engine refuses a statement of this length.
 constexpr qsizetype kMostTextUnits = 100'000;
 
