@@ -149,6 +149,7 @@ void Session::EditNode() {
   tree_->setFocus();
   Settle();
   Key(Qt::Key_F2);
+  editing_ = OpenEditing();
   TypeText();
   if (OneIn(3)) {
     const auto [point, name] = Place();
