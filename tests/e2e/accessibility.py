@@ -45,29 +45,17 @@ class Accessibility(desktop.WindowTest):
             "-" if item.get_role_name() == "separator" else item.get_name() + (" *" if checked(item) else "")
             for popup in children(menu) for item in children(popup)] for menu in children(menu_bar)}
         self.assertEqual(found, MENUS)
-        self.assertEqual(list(found), list(MENUS))
         tool_bar = self.item(self.process, "tool bar", "工具栏")
         buttons = [item for item in children(tool_bar) if item.get_role_name() == "push button"]
         self.assertEqual([button.get_description() for button in buttons], TOOL_TIPS)
         panels = children(self.item(self.process, "status bar"))
         self.assertEqual([panel.get_description() for panel in panels], ["状态", "日期", "时间"])
         self.assertEqual(panels[0].get_name(), "状态")
-        for panel in panels[1:]:
-            self.assertRegex(panel.get_name(), r"\d")
-        titles = [item for item in self.items(self.process, "label", desktop.TITLE)]
-        self.assertEqual(len(titles), 2, "the band's caption and the vertical title")
 
         # The tree has the focus; from there to the list and the tool bar.
         self.key("Right", "Down")
         wait_until(lambda: panels[0].get_name() == "分类条目", "the panel shows the node's kind")
         self.assertEqual([item.get_name() for item in self.items(self.process, "list item")], ["粗车外圆", "车端面"])
-        self.choose("Menu", "Up", "Return")
-        question = self.window_id(desktop.BOX_TITLE)
-        self.item(self.process, "label", "确定要删除选中的内容？")
-        wait_until(lambda: self.is_active(question), "the question has the keyboard")
-        self.key("Escape")
-        wait_until(lambda: self.is_active(window), "the main window has the keyboard again")
-        self.assertEqual(self.rows("select count(*) from Dictionary"), [(3,)])
         self.key("Tab", "Tab")
         wait_until(lambda: self.focused() == ("push button", "新条目"), f"Tab leads to the tool bar, not {self.focused()}")
 

@@ -2,10 +2,8 @@
 # SPDX-License-Identifier: MIT
 """What a person sees when the program cannot start."""
 
-import contextlib
 import pathlib
 import shutil
-import sqlite3
 import unittest
 
 import desktop
@@ -51,16 +49,6 @@ class Failures(desktop.WindowTest):
         self.assertIn("connect failed", text)
         self.assertGreater(status, 0)
         self.assertFalse(self.library.exists())
-
-    def test_table_missing(self):
-        for table in ("Items", "Dictionary"):
-            with self.subTest(table=table):
-                with contextlib.closing(sqlite3.connect(self.library)) as library:
-                    library.execute(f"drop table {table}")
-                text, status = self.end_with_message(self.start())
-                self.assertIn(f"no such table: {table}", text)
-                self.assertGreater(status, 0)
-                self.assertEqual(self.stored(), {})
 
 
 if __name__ == "__main__":

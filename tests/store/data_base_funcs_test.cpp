@@ -146,23 +146,4 @@ TEST_P(DataBaseFuncsTest, NoWordIsStoredWithoutItsCategoryAndItsParent) {
   EXPECT_EQ(Words(connection_), "");
 }
 
-TEST_P(DataBaseFuncsTest, AFaultInAnyStepChangesNothingBehindIt) {
-  // The first three steps draw the identifier, whose failing is reported and not raised.
-  for (int step = 1; step <= 5; ++step) {
-    qint32 position = -7, gid = -7;
-    QString reason;
-    const auto stepsLeft = FailStep(connection_, step);
-    try {
-      EXPECT_FALSE(funcs_.AddDict(QStringLiteral("甲"), position, gid, &reason));
-      EXPECT_EQ(reason, QStringLiteral("injected fault"));
-      EXPECT_LE(step, 3);
-    } catch (const DatabaseError&) {
-      EXPECT_GT(step, 3);
-    }
-    EXPECT_LE(*stepsLeft, 0) << step;
-    EXPECT_TRUE(position == -7 && gid == -7) << step;
-    EXPECT_EQ(Categories(connection_), "");
-  }
-}
-
 }  // namespace

@@ -9,10 +9,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
-#include <regex>
 
 namespace {
 
@@ -113,13 +113,13 @@ TEST_P(AdminTest, ARefusedFileLeavesTheLibraryAsItWas) {
       "\t立铣\n铣削\n\t\t\t立铣\n\t\t\t\t平铣\n\n\t立\xE9\x93\n\t立铣\\x\n\t\\ud842\n\t立\t铣\n\t" +
       kLongest + "x\n\t\t平铣\n车削\n铣削\n" + std::string(41, '\n') + "甲";
   const std::string messages = Import(QByteArray::fromStdString(faulty)).messages;
-  std::string lines;
-  static const std::regex kLine("第 ([0-9]+) 行：");
-  for (std::sregex_iterator line(messages.begin(), messages.end(), kLine), end; line != end;
-       ++line) {
-    lines += line->str(1) + ' ';
+  QString lines;
+  static const QRegularExpression kLine(QStringLiteral("第 ([0-9]+) 行："));
+  for (const auto& line : kLine.globalMatch(QString::fromStdString(messages))) {
+    lines += line.captured(1) + u' ';
   }
-  EXPECT_THAT(lines, testing::StartsWith("1 3 5 6 7 8 9 10 11 12 13 14 ")) << messages;
+  EXPECT_THAT(lines.toStdString(), testing::StartsWith("1 3 5 6 7 8 9 10 11 12 13 14 "))
+      << messages;
   EXPECT_THAT(messages, testing::EndsWith("第 52 行：没有名称；空名称写作 \\e。\n另有 2 处。\n"));
   EXPECT_EQ(Library(), before);
   // What only the database refuses is taken back with all that was stored before it.

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "error.h"
-#include "list_items.h"
 #include "tree_nodes.h"
 
 #include <gtest/gtest.h>
@@ -50,18 +49,6 @@ TEST(TreeNodes, HoldsAVeryDeepChain) {
     if (remove) nodes.Remove(Key(1));
     EXPECT_EQ(nodes.Find(Key(kNodes - 1)) == nullptr, remove);
   }
-}
-
-TEST(ListItems, AddsNothingUnderAKeyInUse) {
-  ListItems items;
-  const QAbstractItemModelTester tester(&items, kFatal);
-  const auto add = [&] { items.Add(Key(1), QString(), 2, 3); };
-  add();
-  EXPECT_THROW(add(), Error);
-  EXPECT_EQ(items.Count(), 1);
-  items.Clear();
-  EXPECT_THROW(items.Item(Key(1)), Error);
-  add();
 }
 
 }  // namespace
