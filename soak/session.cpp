@@ -224,7 +224,7 @@ bool Session::eventFilter(QObject* watched, QEvent* event) {
     }
     // A menu of Qt's own, a scroll bar's or the editor's, waits in a loop of its own.
     auto* menu = qobject_cast<QMenu*>(watched);
-    if (menu != nullptr && menu->objectName().isEmpty()) {
+    if (menu != nullptr && !menu->objectName().startsWith(QStringLiteral("mnu"))) {
       QTimer::singleShot(0, menu, &QWidget::close);
     }
   }
