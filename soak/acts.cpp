@@ -42,6 +42,10 @@ void Session::Mouse() {
     QTest::mouseDClick(window, button, {}, point);
   } else if (kind == 1) {
     QTest::mousePress(window, button, {}, point);
+    if (OneIn(3)) {  // the keyboard does not wait for the button
+      Key(Qt::Key_F2);
+      TypeText();
+    }
     QTest::mouseMove(window, point + QPoint(Below(40), Below(60)));
     QTest::mouseRelease(window, button, {}, Place().first);
   } else {
