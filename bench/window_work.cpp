@@ -7,6 +7,7 @@
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "error.h"
+#include "find_work.h"
 #include "frm_main.h"
 #include "library.h"
 #include "list_view.h"
@@ -76,6 +77,7 @@ class WindowWork {
  public:
   WindowWork(TimedApplication& application, const WorkCategories& categories, Report& report);
 
+  void Find() { MeasureFind(tree_, report_); }
   void Handlers();
   void Click();
   void NewWord();
@@ -368,6 +370,7 @@ WorkCategories::WorkCategories(Library& library)
 void MeasureWindowWork(int argc, char** argv, const WorkCategories& categories, Report& report) {
   TimedApplication application(argc, argv);
   WindowWork work(application, categories, report);
+  work.Find();
   work.Handlers();
   work.NewWord();
   work.DeleteCategory();
