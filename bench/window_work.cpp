@@ -370,11 +370,11 @@ WorkCategories::WorkCategories(Library& library)
 void MeasureWindowWork(int argc, char** argv, const WorkCategories& categories, Report& report) {
   TimedApplication application(argc, argv);
   WindowWork work(application, categories, report);
-  work.Find();
   work.Handlers();
   work.NewWord();
   work.DeleteCategory();
   work.DeleteNestedWords();
   work.DefaultName();
   work.Rename();
+  work.Find();
 }

@@ -152,6 +152,7 @@ void Session::Act(int index) {
                                     &Session::Compose,
                                     &Session::EditNode,
                                     &Session::EditNode,
+                                    &Session::Find,
                                     &Session::Menu,
                                     &Session::Menu,
                                     &Session::PopUp,

@@ -37,11 +37,10 @@ FindField::FindField(QWidget* parent)
   line_->setPlaceholderText(QStringLiteral("查找：文字或拼音"));
   line_->setFrame(false);
   line_->setMinimumWidth(kLeastLine);
-  QPalette colors = line_->palette();
-  colors.setColor(QPalette::Base, Qt::transparent);
-  line_->setPalette(colors);
   line_->installEventFilter(this);
-  found_->setForegroundRole(QPalette::PlaceholderText);
+  setFocusPolicy(Qt::ClickFocus);  // a click on a button leaves the focus here
+  setFocusProxy(line_);
+  ColorParts();
 
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(4, 3, 2, 2);
@@ -63,6 +62,22 @@ FindField::FindField(QWidget* parent)
   connect(previous_, &QToolButton::clicked, this, &FindField::Previous);
   connect(next_, &QToolButton::clicked, this, &FindField::Next);
   connect(close_, &QToolButton::clicked, this, &FindField::Closed);
+}
+
+void FindField::ColorParts() {
+  QColor faint = palette().color(QPalette::Active, QPalette::Text);
+  faint.setAlpha(150);
+  QPalette colors = palette();
+  colors.setColor(QPalette::Base, Qt::transparent);
+  colors.setColor(QPalette::PlaceholderText, faint);
+  line_->setPalette(colors);
+  colors.setColor(QPalette::WindowText, faint);
+  found_->setPalette(colors);
+}
+
+void FindField::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) ColorParts();
 }
 
 QString FindField::Text() const {

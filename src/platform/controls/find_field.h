@@ -34,11 +34,14 @@ class FindField : public QWidget {
   void Closed();
 
  protected:
+  void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void ColorParts();
+
   LabelEditor* line_;
   QLabel* found_;
   GlyphButton* previous_;

@@ -15,6 +15,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -109,11 +110,24 @@ void TreeFind::Open() {
     bar->setVisible(bar->minimum() < bar->maximum());
     tree_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     Collect();
-    // Behind the first picture of the field, and before the first key is likely to come.
-    QTimer::singleShot(0, this, &PreparePinyin);
+    PrepareReadings();
     if (Node* selected = tree_.SelectedItem()) tree_.EnsureVisible(*selected);
   }
   field_->Activate();
+}
+
+// Behind the first picture of the field, in two steps of less than a tenth of a second each, so
+// that the first key need not wait for it.
+void TreeFind::PrepareReadings() {
+  if (std::exchange(hasReadings_, true)) return;
+  QTimer::singleShot(0, this, [this] {
+    PreparePinyin();
+    QTimer::singleShot(0, this, [this] {
+      for (const Node* node = First(); node != nullptr; node = After(node)) {
+        for (const QChar c : node->TextView()) PinyinOf(c.unicode());
+      }
+    });
+  });
 }
 
 void TreeFind::Close() {
@@ -137,11 +151,15 @@ void TreeFind::Outdate() {
 void TreeFind::Collect() {
   outdated_ = false;
   matches_.clear();
-  const Node* node = tree_.Nodes().NodeAt(tree_.model()->index(0, 0));
-  for (; node != nullptr && !pattern_.IsEmpty(); node = After(node)) {
+  const Node* node = pattern_.IsEmpty() ? nullptr : First();
+  for (; node != nullptr; node = After(node)) {
     if (pattern_.IsPartOf(node->TextView())) matches_.push_back(node->Key());
   }
   ShowFound();
+}
+
+const Node* TreeFind::First() const {
+  return tree_.Nodes().NodeAt(tree_.model()->index(0, 0));
 }
 
 void TreeFind::TextChanged() {

@@ -33,6 +33,8 @@ class TreeFind : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void PrepareReadings();
+  const Node* First() const;
   void TextChanged();
   void Collect();
   // The tree's names are others than those that were read.
@@ -54,4 +56,5 @@ class TreeFind : public QObject {
   // In the tree's order.
   std::vector<EntryKey> matches_;
   bool outdated_ = false;
+  bool hasReadings_ = false;
 };

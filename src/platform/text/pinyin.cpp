@@ -9,8 +9,8 @@
 
 #include <unicode/translit.h>
 
-#include <algorithm>
 #include <array>
+#include <cstring>
 #include <iterator>
 #include <memory>
 
@@ -32,8 +32,7 @@ class Pinyin {
       entry.known = true;
       Read(usual_.get(), character, entry.readings.first);
       Read(inNames_.get(), character, entry.readings.second);
-      if (std::equal(std::begin(entry.readings.first), std::end(entry.readings.first),
-                     std::begin(entry.readings.second))) {
+      if (std::strcmp(entry.readings.first, entry.readings.second) == 0) {
         entry.readings.second[0] = '\0';
       }
     }
@@ -77,7 +76,7 @@ class Pinyin {
         break;
       }
     }
-    std::fill(reading + size, std::end(reading), '\0');
+    reading[size] = '\0';
   }
 
   std::unique_ptr<icu::Transliterator> usual_;

@@ -4,7 +4,7 @@
 #pragma once
 
 // How a Chinese character is read, in pinyin without tones, ü written as v: "chang" and "zhang" for
-// 长. Both are empty where there is no reading; the second one also where it is the first again.
+// 长. Both are empty where there is no reading, the second one also where there is no other.
 struct PinyinReadings {
   char first[7] = "";
   char second[7] = "";
