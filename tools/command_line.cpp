@@ -11,6 +11,9 @@ const char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
 建立、导入和导出 ODBC 数据源中的词句库。
 
 命令：
+  new [文件]      为本人建立单机使用的词句库（SQLite）：文件、数据源、各表和示例；
+                  不给出文件时放在 ~/.local/share/hcwordlib/library.sqlite，那里
+                  已有词句库而没有数据源时，只建立数据源；已经存在的从不改动
   init            建立词句库的各表；其中任何一个表已经存在时，什么也不建立
   import 文件     把大纲文件中的分类条目和分类词加到词句库已有的内容之后；
                   文件有任何错误时，逐一指出行号，什么也不导入；
@@ -22,6 +25,7 @@ const char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
   --dsn 名称      数据源的名称（不给出时为 HCWordLib）
   --duplicates 方式  导入时如何对待重名：refuse 拒绝整个文件（不给出时）；
                   skip 不导入后一个及其下的词；number 在后一个的名称后加 2、3……
+  --empty         新建的词句库不含示例
   --help          显示本说明
   --version       显示版本
 
@@ -47,6 +51,7 @@ struct CommandForm {
 };
 
 const CommandForm kCommands[] = {
+    {"new", 0, 1, {QStringLiteral("--empty")}},
     {"init", 0, 0, {}},
     {"import", 1, 1, {QStringLiteral("--duplicates")}},
     {"export", 0, 1, {}},
@@ -77,7 +82,8 @@ struct Arguments {
 
 Arguments TakeApart(const QStringList& arguments) {
   static const QStringList kWithValue{QStringLiteral("--dsn"), QStringLiteral("--duplicates")};
-  static const QStringList kAlone{QStringLiteral("--help"), QStringLiteral("--version")};
+  static const QStringList kAlone{QStringLiteral("--empty"), QStringLiteral("--help"),
+                                  QStringLiteral("--version")};
   Arguments result;
   bool optionsEnded = false;
   for (qsizetype i = 1; i < arguments.size(); ++i) {
@@ -136,6 +142,8 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
       result.dsn = CheckedDsn(value);
     } else if (!form.options.contains(name)) {
       throw UsageError(QStringLiteral("命令“%1”没有选项“%2”。").arg(words[0], name));
+    } else if (name == u"--empty") {
+      result.isEmpty = true;
     } else if (name == u"--duplicates") {
       result.duplicates = DuplicatesCalled(value);
     }

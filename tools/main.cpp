@@ -6,6 +6,7 @@
 #include "command_line.h"
 #include "connection.h"
 #include "library_tasks.h"
+#include "new_library.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -85,6 +86,10 @@ int Run(const QStringList& arguments) {
   if (commandLine.wantsVersion) {
     Print(QStringLiteral("hcwordlib-admin %1\n").arg(QCoreApplication::applicationVersion()),
           stdout);
+    return kSuccess;
+  }
+  if (commandLine.command == u"new") {
+    Print(MakeEmbeddedLibrary(commandLine.dsn, commandLine.file, !commandLine.isEmpty), stdout);
     return kSuccess;
   }
   Connection connection;
