@@ -17,6 +17,7 @@ struct CommandLine {
   QString command;  // one of those of kHelp
   QString file;     // empty when absent, "-" for standard input
   Duplicates duplicates = Duplicates::kRefuse;
+  bool repair = false;
   bool wantsHelp = false;
   bool wantsVersion = false;
 };
