@@ -153,6 +153,9 @@ void Passage::ExamineRegisterAgainst(const std::vector<qint64>& owners) {
         {QStringLiteral("GUIDLists 的 ID 不是自动编号，不能新建分类条目，请用 hcwordlib-admin copy "
                         "复制到新的数据库"),
          QString()});
+  } else if (!state.isVisible) {
+    Tell({QStringLiteral("帐号没有权限看 GUIDLists 的序列，不能核对编号，请换有此权限的帐号检查"),
+          QString()});
   } else if (state.counter >= kLast - 1) {
     Tell({QStringLiteral("GUIDLists 的编号已经用完，不能新建分类条目，请导出后在新的数据库中导入"),
           QString()});

@@ -23,7 +23,9 @@ struct Catalogue {
   const char* encodings;  // of the names, as the text, unless they hold everything; the name says
                           // what has it
   const char* tables;     // without transactions, with their engine as the text
-  const char* counter;    // as the text the number given last; empty when none is given
+  // As the text the number that the register gave last, empty when it gives none, "?" without the
+  // right to know.
+  const char* counter;
 };
 
 constexpr Catalogue kCatalogues[] = {
@@ -40,8 +42,9 @@ constexpr Catalogue kCatalogues[] = {
      "select '数据库' as name, setting as text from pg_settings"
      " where name='server_encoding' and setting<>'UTF8'",
      nullptr,
-     "select case when s is not null then coalesce(pg_sequence_last_value(s::regclass),0)::text"
-     " else '' end as text from pg_get_serial_sequence('guidlists','id') s"},
+     "select case when s is null then '' when not has_sequence_privilege(s,'usage,select') then '?'"
+     " else coalesce(pg_sequence_last_value(s::regclass),0)::text end as text"
+     " from pg_get_serial_sequence('guidlists','id') s"},
     {"mariadb",
      "select trigger_name as name, action_statement as text from information_schema.triggers"
      " where event_object_schema=database()",
@@ -184,7 +187,7 @@ Register ExamineRegister(Connection& connection) {
   Recordset rows;
   rows.Open(QString::fromUtf8(CatalogueOf(connection).counter), connection);
   const QString text = rows.FieldText("text");
-  return {!text.isEmpty(), text.toLongLong()};
+  return {!text.isEmpty(), text != u"?", text.toLongLong()};
 }
 
 void AdvanceRegister(Connection& connection, qint64 last) {

@@ -20,8 +20,9 @@ Structure ExamineStructure(Connection& connection);
 
 // The register that gives the identifiers of new categories.
 struct Register {
-  bool countsUp = true;  // whether the database does give them
-  qint64 counter = 0;    // the identifier that it gave last
+  bool countsUp = true;   // whether the database does give them
+  bool isVisible = true;  // whether the account may know what follows
+  qint64 counter = 0;     // the identifier that it gave last
 };
 
 Register ExamineRegister(Connection& connection);

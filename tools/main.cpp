@@ -98,6 +98,7 @@ int Check(Connection& connection, bool repair) {
           stdout);
     return kSuccess;
   }
+  std::fflush(stdout);
   PrintMessage(summary + (repair ? QStringLiteral("，还有 %1 个问题要由人改正。")
                                  : QStringLiteral("，有 %1 个问题。"))
                              .arg(left.faults.size()));
