@@ -9,7 +9,7 @@
 #include "tree_view.h"
 
 #include <QBoxLayout>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
@@ -62,13 +62,11 @@ TreeFind::TreeFind(TreeView& tree)
     : tree_(tree),
       field_(new FindField(&tree)),
       lens_(new GlyphButton(GlyphButton::Glyph::kLens, QStringLiteral("查找"),
-                            QStringLiteral("Ctrl+F"), &tree)),
-      escape_(new QShortcut(Qt::Key_Escape, &tree, this, &TreeFind::Close, Qt::WidgetShortcut)) {
+                            QStringLiteral("Ctrl+F"), &tree)) {
   tree_.setHorizontalScrollBar(new BarAboveField(*field_, &tree_));
   tree_.addScrollBarWidget(field_, Qt::AlignRight);
   field_->hide();
   lens_->hide();
-  escape_->setEnabled(false);
   field_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   if (auto* room = qobject_cast<QBoxLayout*>(field_->parentWidget()->layout())) {
     room->setDirection(QBoxLayout::TopToBottom);
@@ -90,9 +88,9 @@ TreeFind::TreeFind(TreeView& tree)
   connect(tree_.selectionModel(), &QItemSelectionModel::currentChanged, this, &TreeFind::ShowFound);
   const TreeNodes* const nodes = &tree_.Nodes();
   connect(nodes, &QAbstractItemModel::rowsInserted, this, &TreeFind::Outdate);
-  connect(nodes, &QAbstractItemModel::rowsRemoved, this, &TreeFind::Outdate);
+  connect(nodes, &QAbstractItemModel::rowsAboutToBeRemoved, this, &TreeFind::Outdate);
   connect(nodes, &QAbstractItemModel::dataChanged, this, &TreeFind::Outdate);
-  connect(nodes, &QAbstractItemModel::modelReset, this, &TreeFind::Outdate);
+  connect(nodes, &QAbstractItemModel::modelAboutToBeReset, this, &TreeFind::Outdate);
   tree_.installEventFilter(this);
   tree_.viewport()->installEventFilter(this);
   connect(tree_.horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int from, int to) {
@@ -105,7 +103,6 @@ void TreeFind::Open() {
   if (field_->isHidden()) {
     field_->show();
     lens_->hide();
-    escape_->setEnabled(true);
     QScrollBar* const bar = tree_.horizontalScrollBar();
     bar->setVisible(bar->minimum() < bar->maximum());
     tree_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -134,7 +131,6 @@ void TreeFind::Close() {
   if (field_->isHidden()) return;
   tree_.setFocus(Qt::OtherFocusReason);
   field_->hide();
-  escape_->setEnabled(false);
   tree_.setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   tree_.horizontalScrollBar()->show();
   matches_ = {};
@@ -163,10 +159,19 @@ const Node* TreeFind::First() const {
 }
 
 void TreeFind::TextChanged() {
-  if (field_->Text() == searched_) return;
-  searched_ = field_->Text();
+  const QString text = field_->Text();
+  if (text == searched_) return;
+  const bool isLonger = !outdated_ && !searched_.isEmpty() && text.startsWith(searched_);
+  searched_ = text;
   pattern_ = NamePattern(searched_);
-  Collect();
+  if (isLonger) {  // nothing is found that was not found before
+    std::erase_if(matches_, [this](EntryKey match) {
+      return !pattern_.IsPartOf(tree_.Nodes().Item(match).TextView());
+    });
+    ShowFound();
+  } else {
+    Collect();
+  }
   const Node* const selected = tree_.SelectedItem();
   if (!matches_.empty()) Select(selected == nullptr ? 0 : PlaceOf(*selected));
 }
@@ -212,6 +217,11 @@ void TreeFind::ShowFound() {
 }
 
 bool TreeFind::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &tree_ && event->type() == QEvent::KeyPress && !field_->isHidden() &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    Close();
+    return true;
+  }
   if (watched == &tree_ && (event->type() == QEvent::Enter || event->type() == QEvent::Leave)) {
     lens_->setVisible(event->type() == QEvent::Enter && field_->isHidden());
     PlaceLens();

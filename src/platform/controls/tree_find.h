@@ -13,7 +13,6 @@
 class FindField;
 class GlyphButton;
 class Node;
-class QShortcut;
 class TreeView;
 
 // Finding in a tree, over all of its nodes, also the folded ones: the field at its lower edge, the
@@ -50,7 +49,6 @@ class TreeFind : public QObject {
   TreeView& tree_;
   FindField* field_;
   GlyphButton* lens_;
-  QShortcut* escape_;
   NamePattern pattern_;
   QString searched_;  // the text of it
   // In the tree's order.
