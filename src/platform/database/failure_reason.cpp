@@ -48,8 +48,9 @@ constexpr Reason kReasons[] = {
     {"25006|..... (1036|1792|1836) |..... 1290 .*read-only|HY000 8 \\[SQLite\\]|"
      "08001 .*session is read-only",
      "数据库是只读的，不能保存改动；请与管理员联系。"},
-    // ER_DISK_FULL, ER_GET_ERRNO.
-    {"53100|..... (1021|1114) |..... 1030 .*error 28 |HY000 13 \\[SQLite\\]",
+    // ER_DISK_FULL, and MariaDB naming the system's code: EE_DISK_FULL, ER_ERROR_ON_WRITE,
+    // ER_GET_ERRNO.
+    {"53100|..... (1021|1114) |HY000 (14 \\[ma-|.*([Ee]rror|Errcode:) 28 )|HY000 13 \\[SQLite\\]",
      "数据库所在的磁盘已满，改动没有保存；请与管理员联系。"},
     {"HY000 (1105|1180) .*(writeset size|wsrep_max_ws_rows)",
      "一次写入的内容超过了服务器集群的限度，改动没有保存；请与管理员联系。"},
