@@ -3,6 +3,7 @@
 
 // hcwordlib-admin: creates, fills and writes out the library of a data source.
 
+#include "command_line.h"
 #include "connection.h"
 #include "library_tasks.h"
 
@@ -19,112 +20,6 @@ namespace {
 constexpr int kSuccess = 0;
 constexpr int kFailure = 1;
 constexpr int kUsageError = 2;
-
-constexpr char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
-
-建立、导入和导出 ODBC 数据源中的词句库。
-
-命令：
-  init            建立词句库的各表；其中任何一个表已经存在时，什么也不建立
-  import 文件     把大纲文件中的分类条目和分类词加到词句库已有的内容之后；
-                  文件有任何错误时，逐一指出行号，什么也不导入；
-                  文件写作 - 时读标准输入
-  export [文件]   把词句库写成大纲文件；不给出文件时写到标准输出；
-                  逐一指出没有上级而未导出的词、导入前须改的名称，退出状态为 1
-
-选项：
-  --dsn 名称      数据源的名称（不给出时为 HCWordLib）
-  --duplicates 方式  导入时如何对待重名：refuse 拒绝整个文件（不给出时）；
-                  skip 不导入后一个及其下的词；number 在后一个的名称后加 2、3……
-  --help          显示本说明
-  --version       显示版本
-
-大纲文件是 UTF-8 文本：每个分类条目占一行，不缩进；其下的分类词各占一行，每级缩进
-一个制表符。分类条目不能重名，同一分类条目中的分类词不能重名。
-名称中的下列内容写作转义：
-  \\      反斜杠
-  \n \r   换行、回车
-  \t      制表符
-  \uXXXX  一个 UTF-16 单元（四位十六进制数），用于其他控制字符等；
-          空字符（\u0000）和不成对的代理项不能导入
-  \e      空名称（单独成为名称）
-
-退出状态：0 成功；1 失败；2 用法错误。
-)";
-
-struct CommandLine {
-  QString dsn = QStringLiteral("HCWordLib");
-  QString command;
-  QString file;  // empty when absent, "-" for standard input
-  Duplicates duplicates = Duplicates::kRefuse;
-  bool wantsHelp = false;
-  bool wantsVersion = false;
-};
-
-class UsageError : public Error {
- public:
-  using Error::Error;
-};
-
-Duplicates DuplicatesCalled(const QString& name) {
-  if (name == u"refuse") return Duplicates::kRefuse;
-  if (name == u"skip") return Duplicates::kSkip;
-  if (name == u"number") return Duplicates::kNumber;
-  throw UsageError(QStringLiteral("“%1”不是 refuse、skip 或 number。").arg(name));
-}
-
-CommandLine ParseCommandLine(const QStringList& arguments) {
-  CommandLine result;
-  QStringList words;
-  bool optionsEnded = false;
-  for (qsizetype i = 1; i < arguments.size(); ++i) {
-    const QString& argument = arguments[i];
-    const QString assignment = QStringLiteral("--dsn=");
-    const QString duplicates = QStringLiteral("--duplicates=");
-    if (optionsEnded || argument == u"-" || !argument.startsWith(QLatin1Char('-'))) {
-      words += argument;
-    } else if (argument == QLatin1String("--")) {
-      optionsEnded = true;
-    } else if (argument == QLatin1String("--help")) {
-      result.wantsHelp = true;
-    } else if (argument == QLatin1String("--version")) {
-      result.wantsVersion = true;
-    } else if (argument == QLatin1String("--dsn") && i + 1 < arguments.size()) {
-      result.dsn = arguments[++i];
-    } else if (argument.startsWith(assignment)) {
-      result.dsn = argument.mid(assignment.size());
-    } else if (argument == QLatin1String("--duplicates") && i + 1 < arguments.size()) {
-      result.duplicates = DuplicatesCalled(arguments[++i]);
-    } else if (argument.startsWith(duplicates)) {
-      result.duplicates = DuplicatesCalled(argument.mid(duplicates.size()));
-    } else {
-      throw UsageError(QStringLiteral("选项“%1”有误。").arg(argument));
-    }
-  }
-  if (result.wantsHelp || result.wantsVersion) {
-    return result;
-  }
-  for (const QChar character : QStringLiteral("[]{}(),;?*=!@\\")) {
-    if (result.dsn.isEmpty() || result.dsn.contains(character)) {
-      throw UsageError(QStringLiteral("“%1”不是数据源的名称。").arg(result.dsn));
-    }
-  }
-  if (words.isEmpty()) {
-    throw UsageError(QStringLiteral("没有给出命令。"));
-  }
-  result.command = words.takeFirst();
-  const bool isInit = result.command == QLatin1String("init");
-  const bool isImport = result.command == QLatin1String("import");
-  if (!isInit && !isImport && result.command != QLatin1String("export")) {
-    throw UsageError(QStringLiteral("没有命令“%1”。").arg(result.command));
-  }
-  if (words.size() > (isInit ? 0 : 1) || (isImport && words.isEmpty()) ||
-      (!words.isEmpty() && words[0].isEmpty())) {
-    throw UsageError(QStringLiteral("命令“%1”的参数有误。").arg(result.command));
-  }
-  result.file = words.value(0);
-  return result;
-}
 
 void Print(const QString& text, FILE* stream) {
   std::fputs(text.toUtf8().constData(), stream);
