@@ -7,16 +7,16 @@
 #include "dialect.h"
 #include "recordset.h"
 
-#include <algorithm>
-
 namespace {
 
-const QString kRegister = QStringLiteral("GUIDLists");
-const QString kColumn = QStringLiteral("ID");
+constexpr QLatin1String kTable("GUIDLists");
+constexpr QLatin1String kColumn("ID");
 
-qint32 NumberOf(const QString& statement, Connection& connection) {
+qint32 NumberOf(const char* statement, qint32 number, Connection& connection) {
+  QString text = QString::fromLatin1(statement);
+  text.replace(QLatin1String("%1"), kTable).replace(QLatin1String("%2"), kColumn);
   Recordset rows;
-  rows.Open(statement, connection);
+  rows.Open(text.replace(QLatin1String("%3"), QString::number(number)), connection);
   return rows.IsEof() ? 0 : rows.FieldInteger(size_t{0});
 }
 
@@ -24,17 +24,20 @@ qint32 NumberOf(const QString& statement, Connection& connection) {
 
 qint32 LastIdentifier(Connection& connection) {
   const char* statement = DialectOf(connection.EngineName()).lastNumberStatement;
-  const qint32 stored =
-      NumberOf(QStringLiteral("select max(%1) from %2").arg(kColumn, kRegister), connection);
-  if (statement == nullptr) return stored;
-  return std::max(
-      stored, NumberOf(QString::fromLatin1(statement).arg(kRegister, kColumn), connection));
+  return NumberOf(statement ? statement : "select max(%2) from %1", 0, connection);
 }
 
 void RaiseLastIdentifier(Connection& connection, qint32 identifier) {
+  if (LastIdentifier(connection) >= identifier) return;
   if (const char* raise = DialectOf(connection.EngineName()).raiseNumberStatement) {
-    // Asked of the register alone: a row may stand in it that the database has not numbered.
-    NumberOf(QString::fromLatin1(raise).arg(kRegister, kColumn).arg(identifier), connection);
+    NumberOf(raise, identifier, connection);
     return;
   }
+  connection.Execute(
+      QStringLiteral("insert into %1 (GUIDField1,GUIDField2,GUIDField3,GUIDField4,%2) "
+                     "values (0,0,0,0,%3)")
+          .arg(kTable, kColumn)
+          .arg(identifier));
+  connection.Execute(
+      QStringLiteral("delete from %1 where %2=%3").arg(kTable, kColumn).arg(identifier));
 }

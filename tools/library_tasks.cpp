@@ -20,6 +20,7 @@
 #include <QIODevice>
 #include <QSet>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -200,6 +201,11 @@ void Write(QIODevice& device, const QByteArray& text) {
 }
 
 }  // namespace
+
+bool TablesExist(Connection& connection) {
+  return std::all_of(kTables.begin(), kTables.end(),
+                     [&](const char* table) { return TableExists(table, connection); });
+}
 
 void CreateTables(Connection& connection) {
   QFile schema(QStringLiteral(":/schema/%1.sql").arg(connection.EngineName().toLower()));

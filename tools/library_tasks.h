@@ -12,6 +12,9 @@
 class Connection;
 class QIODevice;
 
+// Whether all tables of the library are there.
+bool TablesExist(Connection& connection);
+
 // Creates the tables of the library in the data source's engine. Raises Error, having created
 // nothing, when one of them exists or the engine is not known.
 void CreateTables(Connection& connection);

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The HCWordLib authors
 // SPDX-License-Identifier: MIT
 
-// hcwordlib-admin: creates, fills and writes out the library of a data source.
+// hcwordlib-admin: creates, fills, writes out and copies the library of a data source.
 
 #include "command_line.h"
 #include "connection.h"
+#include "library_copy.h"
 #include "library_tasks.h"
 
 #include <QCoreApplication>
@@ -76,6 +77,18 @@ int Export(Connection& connection, const QString& fileName) {
   return remarks.isEmpty() ? kSuccess : kFailure;
 }
 
+void Copy(Connection& source, const QString& targetDsn) {
+  source.Open();
+  Connection target;
+  target.SetConnectionString(QStringLiteral("DSN=") + targetDsn);
+  target.Open();
+  const Copied copied = CopyLibrary(source, target);
+  Print(QStringLiteral("已复制 %1 个分类条目、%2 个分类词，逐行核对相同。\n")
+            .arg(copied.categories)
+            .arg(copied.words),
+        stdout);
+}
+
 int Run(const QStringList& arguments) {
   const CommandLine commandLine = ParseCommandLine(arguments);
   if (commandLine.wantsHelp) {
@@ -94,6 +107,8 @@ int Run(const QStringList& arguments) {
     CreateTables(connection);
   } else if (commandLine.command == QLatin1String("import")) {
     Import(connection, commandLine);
+  } else if (commandLine.command == QLatin1String("copy")) {
+    Copy(connection, commandLine.target);
   } else {
     return Export(connection, commandLine.file);
   }

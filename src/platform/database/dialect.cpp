@@ -25,19 +25,20 @@ constexpr Dialect kPostgreSql = {
     .beginToRead = "begin isolation level repeatable read",
     .beginToWrite = "begin",
     .identityStatement = "select lastval()",
-    .lastNumberStatement = "select last_value from pg_sequences where quote_ident(schemaname) || "
-                           "'.' || quote_ident(sequencename) = pg_get_serial_sequence('%1', "
-                           "lower('%2'))",
+    .lastNumberStatement =
+        "select last_value from pg_sequences where quote_ident(schemaname) || "
+        "'.' || quote_ident(sequencename) = pg_get_serial_sequence('%1', "
+        "lower('%2'))",
     .raiseNumberStatement = "select setval(pg_get_serial_sequence('%1', lower('%2')), %3)",
     .beforeGivenNumbers = "overriding system value "};
-constexpr Dialect kMariaDb = {
-    .sessionStatements = kMariaDbSession,
-    .beginToRead = "begin",
-    .beginToWrite = "begin",
-    .identityStatement = "select last_insert_id()",
-    .lastNumberStatement = "select auto_increment - 1 from information_schema.tables where "
-                           "table_schema = database() and lower(table_name) = lower('%1')",
-    .holdsNullCharacters = true};
+constexpr Dialect kMariaDb = {.sessionStatements = kMariaDbSession,
+                              .beginToRead = "begin",
+                              .beginToWrite = "begin",
+                              .identityStatement = "select last_insert_id()",
+                              .lastNumberStatement =
+                                  "select auto_increment - 1 from information_schema.tables where "
+                                  "table_schema = database() and lower(table_name) = lower('%1')",
+                              .holdsNullCharacters = true};
 constexpr Dialect kGeneric = {.sessionStatements = {},
                               .beginToRead = "begin",
                               .beginToWrite = "begin",

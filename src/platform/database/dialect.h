@@ -25,7 +25,8 @@ struct Dialect {
   // Makes the database give only numbers behind %3 to new rows of the table %1. Null where a stored
   // row with that number, deleted perhaps, does so.
   const char* raiseNumberStatement = nullptr;
-  // Stands before the values of an insert so that numbers may be among them that the database gives.
+  // Stands before the values of an insert so that numbers may be among them that the database
+  // gives.
   const char* beforeGivenNumbers = "";
   // Whether a text may hold the character U+0000, at which some drivers end it.
   bool holdsNullCharacters = false;
