@@ -18,6 +18,8 @@ struct CommandLine {
   QString file;     // empty when absent, "-" for standard input
   QString target;   // the data source that is copied to
   Duplicates duplicates = Duplicates::kRefuse;
+  bool isEmpty = false;
+  bool repair = false;
   bool wantsHelp = false;
   bool wantsVersion = false;
 };

@@ -6,9 +6,9 @@
 #include "bulk_writer.h"
 #include "connection.h"
 #include "database_error.h"
-#include "dialect.h"
-#include "identifier_counter.h"
+#include "library_structure.h"
 #include "library_tasks.h"
+#include "name_faults.h"
 #include "progress_bar.h"
 #include "recordset.h"
 #include "transaction.h"
@@ -69,7 +69,7 @@ QString Description(const Row& row, const Table& table) {
     numbers +=
         QStringLiteral("%1=%2").arg(table.columns[static_cast<qsizetype>(i)]).arg(NumberIn(row, i));
   }
-  const QString name = table.HasNames() ? u'“' + std::get<QString>(row.back()) + u'”' : QString();
+  const QString name = table.HasNames() ? Shown(std::get<QString>(row.back())) : QString();
   return table.entry + name + u'（' + numbers.join(u'，') + u'）';
 }
 
@@ -179,13 +179,20 @@ class LibraryCopy {
                   2 * (words_ + CountRows(source, kCategories) + CountRows(source, kRegister))) {}
 
   Copied Run() {
-    CopyTable(kRegister);
+    const std::vector<qint32> identifiers = CopyTable(kRegister);
     const std::vector<qint32> categories = CopyTable(kCategories);
     qsizetype words = 0;
     for (const qint32 gid : categories) words += CopyWords(gid);
     if (words != words_) FailForStrays();
-    lastIdentifier_ = std::max(lastIdentifier_, LastIdentifier(source_));
-    RaiseLastIdentifier(target_, lastIdentifier_);
+    lastIdentifier_ = std::max(lastIdentifier_, ExamineRegister(source_).counter);
+    if (ExamineRegister(target_).counter < lastIdentifier_) {
+      AdvanceRegister(target_, lastIdentifier_);
+      if (std::find(identifiers.begin(), identifiers.end(), lastIdentifier_) == identifiers.end()) {
+        // The row that advanced it; it goes on behind the number of this all the same.
+        target_.Execute(
+            QStringLiteral("delete from %1 where ID=%2").arg(kRegister.name).arg(lastIdentifier_));
+      }
+    }
     Compare(categories);
     return {static_cast<qsizetype>(categories.size()), words};
   }
@@ -200,7 +207,7 @@ class LibraryCopy {
     for (; !rows.IsEof(); rows.MoveNext()) {
       Row row = RowOf(rows, table);
       keys.push_back(NumberIn(row, 0));
-      lastIdentifier_ = std::max(lastIdentifier_, keys.back());
+      lastIdentifier_ = std::max<qint64>(lastIdentifier_, keys.back());
       writer.Add(std::move(row));
     }
     writer.Finish();
@@ -238,7 +245,8 @@ class LibraryCopy {
     CompareRows(kRegister, QStringLiteral("1=1"));
     CompareRows(kCategories, QStringLiteral("1=1"));
     for (const qint32 gid : categories) CompareRows(kWords, WordsOf(gid));
-    if (CountRows(target_, kWords) != words_ || LastIdentifier(target_) < lastIdentifier_) {
+    if (CountRows(target_, kWords) != words_ ||
+        ExamineRegister(target_).counter < lastIdentifier_) {
       FailForDifference(QStringLiteral("分类词的个数或登记的最后编号"));
     }
   }
@@ -273,18 +281,18 @@ class LibraryCopy {
   Connection& target_;
   const qint32 words_;  // of the source
   ProgressBar progress_;
-  qint32 lastIdentifier_ = 0;
+  qint64 lastIdentifier_ = 0;  // that was ever given, as far as the source can tell
 };
 
 void RequireNoNullCharacters(Connection& source, const Table& table) {
-  if (!DialectOf(source.EngineName()).holdsNullCharacters) return;
+  if (source.EngineName() == u"PostgreSQL") return;  // has none
   Recordset rows;
   rows.Open(
       SelectRows(table, QStringLiteral("instr(%1, char(0))>0 limit 1").arg(table.columns.back())),
       source);
   if (rows.IsEof()) return;
   throw Error(QStringLiteral("%1的名称中有空字符，什么也没有复制；改名后再复制。")
-                  .arg(Description(RowOf(rows, table), table).remove(QChar(u'\0'))));
+                  .arg(Description(RowOf(rows, table), table)));
 }
 
 void RequireEmpty(Connection& target, const Table& table) {

@@ -50,6 +50,32 @@ class ScriptRun(desktop.WindowTest):
         self.assertEqual(done.returncode, 0, done.stdout)
         self.assertEqual(self.rows("select count(*) from Items"), [(0,)])
 
+    def test_a_new_library_replaces_nothing(self):
+        admin = [desktop.BUILD / "hcwordlib-admin", "--dsn", "Other", "new"]
+
+        def new(*words):
+            done = subprocess.run([*admin, *words], env=self.env, cwd=self.home, check=False, text=True,
+                                  timeout=60, capture_output=True)
+            return done.returncode, done.stderr
+
+        self.source.write_text("[Mine]\nDriver=SQLite3\n", encoding="utf-8")
+        stale = self.home / "库.sqlite-wal"
+        stale.write_bytes(b"of another")
+        for words, reason in ((["库.sqlite"], "-wal”已经存在"), (["a;b"], "不能写进数据源"),
+                              (["/proc/x/y"], "不能建立")):
+            status, message = new(*words)
+            self.assertEqual((status, reason in message), (1, True), message)
+        self.assertEqual(self.source.read_text(encoding="utf-8"), "[Mine]\nDriver=SQLite3\n")
+        stale.unlink()
+        self.assertEqual(new("--empty", "新 建/库.sqlite"), (0, ""))
+        self.assertIn("[Mine]", self.source.read_text(encoding="utf-8"))
+        self.library = self.home / "新 建" / "库.sqlite"
+        self.assertEqual(self.rows("select count(*) from Dictionary"), [(0,)])
+        self.assertIn(f"数据库“{self.library}”", new("more.sqlite")[1])
+        admin[2] = "Third"
+        self.assertIn("已经存在", new(self.library)[1])
+        self.assertFalse(list(self.home.glob(".hcwordlib-*")) + list(self.home.glob("more*")))
+
     def test_broken_data_source_is_left_alone(self):
         text = "[HCWordLib]\nDriver=SQLite3\nDatabase=/nowhere/library.sqlite\nNoCreat=1\n"
         self.source.write_text(text, encoding="utf-8")

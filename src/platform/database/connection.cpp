@@ -3,11 +3,11 @@
 
 #include "connection.h"
 
+#include "data_source.h"
 #include "database_error.h"
 #include "odbc_connection.h"
 
 #include <langinfo.h>
-#include <odbcinst.h>
 
 #include <QRegularExpression>
 
@@ -26,16 +26,11 @@ QString Braced(QString value) {
   return u'{' + value.replace(u'}', QLatin1String("}}")) + u'}';
 }
 
-// What the data source named in `connectionString` says about `key`; empty when it says nothing.
-QByteArray DataSourceValue(const QString& connectionString, const char* key) {
+// The data source that `connectionString` names, or an empty text.
+QString DataSourceOf(const QString& connectionString) {
   static const QRegularExpression kName(QStringLiteral("(?:^|;)\\s*DSN=([^;]*)"),
                                         QRegularExpression::CaseInsensitiveOption);
-  const QByteArray name = kName.match(connectionString).captured(1).toUtf8();
-  char value[1024] = {};
-  if (!name.isEmpty()) {
-    SQLGetPrivateProfileString(name.constData(), key, "", value, sizeof value, "odbc.ini");
-  }
-  return value;
+  return kName.match(connectionString).captured(1);
 }
 
 // Drivers convert texts to and from the process's encoding. A user's locale may be none that is
@@ -105,7 +100,7 @@ void Connection::Open(const QString& user, const QString& password) {
       SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, AsOdbcPointer(SQL_OV_ODBC3), 0));
   OdbcHandle handle(SQL_HANDLE_DBC, &environment);
   // PostgreSQL's driver refuses to be told twice. A driver that knows no such time may say so.
-  if (!DataSourceValue(text, "Pqopt").contains("connect_timeout")) {
+  if (!DataSourceValue(DataSourceOf(text), QStringLiteral("Pqopt")).contains(u"connect_timeout")) {
     SQLSetConnectAttr(handle.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsOdbcPointer(kLoginSeconds), 0);
   }
   handle.Check(SQLDriverConnect(handle.Get(), nullptr, OdbcText(utf8), SQL_NTS, nullptr, 0, nullptr,

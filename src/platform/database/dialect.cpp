@@ -13,36 +13,11 @@ constexpr const char* kMariaDbSession[] = {
     "set sql_mode = concat(@@sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_TRANS_TABLES')",
     "set innodb_lock_wait_timeout = 10, lock_wait_timeout = 10"};
 
-constexpr Dialect kSqlite = {
-    .sessionStatements = {},
-    .beginToRead = "begin",
-    .beginToWrite = "begin immediate",
-    .identityStatement = "select last_insert_rowid()",
-    .lastNumberStatement = "select seq from sqlite_sequence where name = '%1' collate nocase",
-    .holdsNullCharacters = true};
-constexpr Dialect kPostgreSql = {
-    .sessionStatements = kPostgreSqlSession,
-    .beginToRead = "begin isolation level repeatable read",
-    .beginToWrite = "begin",
-    .identityStatement = "select lastval()",
-    .lastNumberStatement =
-        "select last_value from pg_sequences where quote_ident(schemaname) || "
-        "'.' || quote_ident(sequencename) = pg_get_serial_sequence('%1', "
-        "lower('%2'))",
-    .raiseNumberStatement = "select setval(pg_get_serial_sequence('%1', lower('%2')), %3)",
-    .beforeGivenNumbers = "overriding system value "};
-constexpr Dialect kMariaDb = {.sessionStatements = kMariaDbSession,
-                              .beginToRead = "begin",
-                              .beginToWrite = "begin",
-                              .identityStatement = "select last_insert_id()",
-                              .lastNumberStatement =
-                                  "select auto_increment - 1 from information_schema.tables where "
-                                  "table_schema = database() and lower(table_name) = lower('%1')",
-                              .holdsNullCharacters = true};
-constexpr Dialect kGeneric = {.sessionStatements = {},
-                              .beginToRead = "begin",
-                              .beginToWrite = "begin",
-                              .identityStatement = nullptr};
+constexpr Dialect kSqlite = {{}, "begin", "begin immediate", "select last_insert_rowid()"};
+constexpr Dialect kPostgreSql = {kPostgreSqlSession, "begin isolation level repeatable read",
+                                 "begin", "select lastval()", "overriding system value "};
+constexpr Dialect kMariaDb = {kMariaDbSession, "begin", "begin", "select last_insert_id()"};
+constexpr Dialect kGeneric = {{}, "begin", "begin", nullptr};
 
 }  // namespace
 

@@ -19,17 +19,9 @@ struct Dialect {
   // Asks for the number that the database gave to the row stored last on the same connection.
   // Null where none is known.
   const char* identityStatement;
-  // Asks for the last number that the database gave to a row of the table %1 in the column %2 or
-  // found in a row stored there, NULL or 0 before the first one. Null where none is known.
-  const char* lastNumberStatement = nullptr;
-  // Makes the database give only numbers behind %3 to new rows of the table %1. Null where a stored
-  // row with that number, deleted perhaps, does so.
-  const char* raiseNumberStatement = nullptr;
-  // Stands before the values of an insert so that numbers may be among them that the database
-  // gives.
+  // Stands before the values of an insert, so that numbers may be among them that the database
+  // would give itself.
   const char* beforeGivenNumbers = "";
-  // Whether a text may hold the character U+0000, at which some drivers end it.
-  bool holdsNullCharacters = false;
 };
 
 // The dialect of the engine that its driver calls `dbmsName`.
