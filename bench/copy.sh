@@ -47,6 +47,7 @@ drop_library() {
 # What a library has at the most, by what a person can type and a file can bring.
 odd_names() {
   printf '难写的名称\n'
+  # shellcheck disable=SC1003
   printf '\t%s\n' "'单''双\"%_;--/*?{}" '{ts x} {fn' ' 前后有空格 ' '制表\t换行\n回车\r' '反斜杠\\' '\u001b\u0001' \
     '\ufeff头' 'e'$'\xCC\x81' $'\xC3\xA9' '👩‍🔧' 'שלום' '\e' '高滚毛糙' 'ＮＵＬＬ' "$1"
   printf '\t\t%s\n' 'NULL'
