@@ -132,6 +132,7 @@ void Kills::Run(int wanted) {
         " again by check --repair, none lost\n",
         broken_, static_cast<long long>(broughtBack_));
   }
+  std::fflush(stdout);
 }
 
 void Kills::Fill() {
