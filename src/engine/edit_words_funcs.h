@@ -9,12 +9,18 @@
 #include <QList>
 #include <QString>
 
+#include <vector>
+
 class Connection;
 class ListView;
+class Node;
 class Recordset;
 class TreeNodes;
 class TreeView;
 class WordTree;
+struct DeletedBranch;
+struct DeletedRows;
+struct WordRow;
 
 // The editing engine: gives every entry of the tree and the list its key and tag, loads the
 // library and finds free default names. Failures of the database, the collections and the controls
@@ -46,6 +52,15 @@ class EditWordsFuncs {
   // none. ParentID is not used.
   bool OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qint32 ParentID, qint32 DictID);
 
+  // Why the tree has no place for a branch whose rows are to be stored again; empty when it has.
+  QString BranchHindrance(const TreeView& TheTree, const DeletedRows& rows);
+  // Adds the nodes of a branch whose rows are stored again, collapsed, where it stood among its
+  // siblings. `stored` has all words of its category by ID: those that have come to hang below it
+  // meanwhile belong to it. Returns its top; null when the tree shows nothing of it, because its
+  // top's row was gone before it was deleted.
+  Node* AddBranch(TreeView& TheTree, const DeletedBranch& branch,
+                  const std::vector<WordRow>& stored);
+
   // The words that were not loaded because no word read before them is their parent.
   struct SkippedWord {
     qint32 DictID;
@@ -62,6 +77,8 @@ class EditWordsFuncs {
   // Adds a node as the last child of the node keyed parentKey and returns its key.
   EntryKey AppendNode(TreeNodes& nodes, EntryKey parentKey, SharedText text, qint32 icon,
                       EntryTag tag);
+  // The key of the node that the branch hangs under, of none or of no node when that is gone.
+  EntryKey ParentOf(const DeletedRows& rows);
   QString FreeName(const QString& statement, const QString& base,
                    QString (*criterion)(const QString&));
 

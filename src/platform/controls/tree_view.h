@@ -29,6 +29,7 @@ class TreeView : public QTreeView {
   ~TreeView() override;
 
   TreeNodes& Nodes() { return nodes_; }
+  const TreeNodes& Nodes() const { return nodes_; }
 
   // When on, the selected node is not highlighted while the tree has not the focus.
   void SetHideSelection(bool hide);

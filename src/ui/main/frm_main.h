@@ -10,9 +10,11 @@
 
 #include <QMainWindow>
 
+#include <memory>
 #include <optional>
 
 class BandContainer;
+class DeletedBranches;
 class ListView;
 class PictureBox;
 class StatusBar;
@@ -92,6 +94,8 @@ class frmMain : public QMainWindow {
   void DeleteCategory(EntryKey NodeKey);
   void DeleteWords(EntryKey NodeKey);
   void ClearListOfChildren(EntryKey NodeKey);
+  // Puts back what the last delete of this run has removed, or tells why it cannot.
+  void TakeBackDelete();
   [[noreturn]] void EndWithoutIdentifier(const QString& reason);
   bool ListShowsBrothers(EntryKey NodeKey) const;
   void ClearList();
@@ -155,6 +159,8 @@ class frmMain : public QMainWindow {
   // The tree pane's width when the window was too small and asked to grow: what it has again in the
   // size that the window gets then.
   std::optional<float> treeWidthToKeep_;
+
+  std::unique_ptr<DeletedBranches> deleted_;
 
   // The right button was the last one pressed on the tree: node clicks do not refill the list.
   bool RightButtonDown = false;
