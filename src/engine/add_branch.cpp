@@ -83,8 +83,13 @@ Node* EditWordsFuncs::AddBranch(TreeView& TheTree, const DeletedBranch& branch,
   const EntryKey parentKey = ParentOf(rows);
   std::unordered_map<qint32, EntryKey>
       keys;  // of those that are added, by FatherID of the words below
+  const auto add = [&](EntryKey fatherKey, const SharedText& name, int image, EntryTag tag) {
+    const EntryKey key = NextKey();
+    nodes.Add(fatherKey, Relationship::kChild, key, name, image).SetTag(tag);
+    return key;
+  };
   const auto addWord = [&](const WordRow& word, EntryKey fatherKey) {
-    const EntryKey key = AppendNode(nodes, fatherKey, word.name, kWordImage, kWordTag);
+    const EntryKey key = add(fatherKey, word.name, kWordImage, kWordTag);
     words.Add(rows.gid, word.id, word.fatherId, word.name, key, kWordTag, fatherKey, key);
     if (word.id != 0) keys.emplace(word.id, key);  // under number 0 hangs what has no parent word
     return key;
@@ -95,7 +100,7 @@ Node* EditWordsFuncs::AddBranch(TreeView& TheTree, const DeletedBranch& branch,
   EntryKey key;
   if (rows.category) {
     const QString& name = rows.category->name;
-    key = AppendNode(nodes, parentKey, name, kCategoryImage, kCategoryTag);
+    key = add(parentKey, name, kCategoryImage, kCategoryTag);
     categories.Add(rows.gid, rows.category->position, key, name, EntryTag(), key);
     keys.emplace(0, key);
     words.RemoveWordsOf(rows.gid);  // which a category's delete leaves behind

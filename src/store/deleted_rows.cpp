@@ -25,38 +25,11 @@ bool IsBefore(const WordRow& a, const WordRow& b) {
   return a.id < b.id;
 }
 
-void AddRows(Connection& connection, const QString& statement, std::vector<WordRow>& words) {
-  Recordset rows;
-  rows.Open(statement, connection, CursorType::kStatic, LockType::kReadOnly,
-            {"ID", "FatherID", "NodeName"});
-  const size_t id = rows.ColumnOf("ID");
-  const size_t fatherId = rows.ColumnOf("FatherID");
-  const size_t name = rows.ColumnOf("NodeName");
-  words.reserve(words.size() + static_cast<size_t>(rows.RecordCount()));
-  for (; !rows.IsEof(); rows.MoveNext()) {
-    words.push_back(
-        {rows.FieldInteger(id), rows.FieldInteger(fatherId), SharedText(rows.FieldView(name))});
-  }
-}
-
-std::vector<WordRow> WordsOf(Connection& connection, qint32 gid) {
-  std::vector<WordRow> words;
-  AddRows(connection, Statement::SelectWords(gid), words);
-  return words;
-}
-
 std::optional<DeletedRows::Category> CategoryOf(Connection& connection, qint32 gid) {
   Recordset rows;
   rows.Open(Statement::SelectCategory(gid), connection, CursorType::kStatic, LockType::kReadOnly);
   if (rows.IsEof()) return std::nullopt;
   return DeletedRows::Category{rows.FieldText("SortName"), rows.FieldInteger("Position")};
-}
-
-bool IsCategoryNamed(Connection& connection, const QString& name) {
-  Recordset rows;
-  rows.Open(Statement::SelectCategoryNamed(name), connection, CursorType::kStatic,
-            LockType::kReadOnly);
-  return !rows.IsEof();
 }
 
 // What keeps the category from coming back, or the branch from hanging where it hung.
@@ -68,8 +41,8 @@ QString CategoryHindrance(Connection& connection, const DeletedRows& rows) {
         .arg(rows.gid)
         .arg(Shortened(stored->name));
   }
-  return IsCategoryNamed(connection, rows.category->name) ? QStringLiteral("已有同名的分类条目")
-                                                          : QString();
+  return IsCategoryNameTaken(connection, rows.category->name) ? QStringLiteral("已有同名的分类条目")
+                                                              : QString();
 }
 
 QString WordsHindrance(const DeletedRows& rows, const std::vector<WordRow>& stored) {
@@ -134,7 +107,13 @@ DeletedRows BranchRows(Connection& connection, qint32 gid, const std::vector<qin
   for (size_t i = 0; i < branch.size(); i += kMostIDs) {
     const auto first = branch.begin() + static_cast<ptrdiff_t>(i);
     const auto count = static_cast<ptrdiff_t>(std::min(kMostIDs, branch.size() - i));
-    AddRows(connection, Statement::SelectWordsNumbered(gid, {first, first + count}), rows.words);
+    Recordset words;
+    words.Open(Statement::SelectWordsNumbered(gid, {first, first + count}), connection,
+               CursorType::kStatic, LockType::kReadOnly);
+    for (; !words.IsEof(); words.MoveNext()) {
+      rows.words.push_back({words.FieldInteger("ID"), words.FieldInteger("FatherID"),
+                            SharedText(words.FieldText("NodeName"))});
+    }
   }
   std::sort(rows.words.begin(), rows.words.end(), &IsBefore);
   return rows;

@@ -3,21 +3,12 @@
 
 #pragma once
 
-#include "shared_text.h"
+#include "library.h"
 
 #include <QString>
 
 #include <optional>
 #include <vector>
-
-class Connection;
-
-// A row of Items but for its SortID.
-struct WordRow {
-  qint32 id = 0;
-  qint32 fatherId = 0;
-  SharedText name;
-};
 
 // The rows that a delete takes away.
 struct DeletedRows {

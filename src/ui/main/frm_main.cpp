@@ -241,6 +241,10 @@ void frmMain::ConnectEvents() {
   connect(picTreeContain, &PictureBox::MouseLeave, this,
           Guarded([this] { DrawSortBar(*picTreeContain); }));
 
+  // Wherever in the window the focus is, in an open editor too.
+  auto* const reload = new QShortcut(Qt::Key_F5, this);
+  reload->setAutoRepeat(false);
+  connect(reload, &QShortcut::activated, this, Guarded([this] { ReloadWordLib(); }));
   // The tree's own: in an editor both keys are the text's.
   const auto onKey = [this](const QKeySequence& key, void (frmMain::*act)()) {
     auto* const shortcut = new QShortcut(key, tvTreeView, nullptr, nullptr, Qt::WidgetShortcut);
