@@ -138,7 +138,11 @@ void Session::Reload() {
   for (int count = Below(3); count > 0; --count) Colleague();
   if (!window_->isActiveWindow()) window_->activateWindow();
   Settle();
-  if (QGuiApplication::focusWindow() != window_->windowHandle()) return;  // no key comes in
+  // Without a window manager it may be half-way only.
+  if (QGuiApplication::focusWindow() != window_->windowHandle() ||
+      QApplication::activeWindow() != window_.get()) {
+    return;
+  }
   const Standing before = Stands();
   faultArmed_ = OneIn(8);
   Tell(faultArmed_ ? QStringLiteral("F5 fails") : QStringLiteral("F5"));
