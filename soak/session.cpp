@@ -119,7 +119,7 @@ std::optional<Session::Editing> Session::OpenEditing() {
 
 void Session::Act(int index) {
   random_.seed(seed_ * 1'000'003U + static_cast<quint32>(index));
-  dropsText_ = refused_ = unread_ = deleted_ = faultArmed_ = false;
+  dropsText_ = refused_ = unread_ = notTakenBack_ = deleted_ = faultArmed_ = false;
   touchedNow_ = {};
   edited_.clear();
   const Library before = StoredLibrary(*colleague_);
@@ -138,6 +138,7 @@ void Session::Act(int index) {
                                     &Session::Command,       &Session::Command,
                                     &Session::OtherWindow,   &Session::OtherWindow,
                                     &Session::Colleague,     &Session::Reload,
+                                    &Session::TakeBack,      &Session::TakeBack,
                                     &Session::Window,        &Session::FailingStatement,
                                     &Session::CloseAndReopen};
   (this->*OneOf(kActs))();
@@ -241,6 +242,10 @@ void Session::AnswerBox(QDialog& dialog) {
   if (text.startsWith(QStringLiteral("没有能重新读入"))) {
     if (!faultArmed_) EndBehind(text);
     unread_ = true;
+  }
+  if (text.contains(QStringLiteral("没有能恢复")) || text.contains(QStringLiteral("没有恢复"))) {
+    if (text.contains(QStringLiteral("没有能恢复")) && !faultArmed_) EndBehind(text);
+    notTakenBack_ = true;
   }
   if (OneIn(6)) {
     otherWindow_->activateWindow();
