@@ -7,6 +7,7 @@
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "error.h"
+#include "find_work.h"
 #include "frm_main.h"
 #include "library.h"
 #include "list_view.h"
@@ -77,6 +78,7 @@ class WindowWork {
  public:
   WindowWork(TimedApplication& application, const WorkCategories& categories, Report& report);
 
+  void Find() { MeasureFind(tree_, report_); }
   void Handlers();
   void Click();
   void NewWord();
@@ -385,6 +387,7 @@ void MeasureWindowWork(int argc, char** argv, const WorkCategories& categories, 
     work.DeleteNestedWords();
     work.DefaultName();
     work.Rename();
+    work.Find();
   }
   MeasureReload(categories.defaults, report);
 }

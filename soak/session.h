@@ -68,6 +68,8 @@ class Session : public QObject {
   void Paste();
   void Compose();
   void EditNode();
+  void Find();
+  void AuditFound(const QWidget& field);
   void Menu();
   void PopUp();
   void ToolBarButtonClicks();

@@ -23,6 +23,8 @@ class Node : private Keyed, public Pooled<Node> {
   EntryTag Tag() const { return tag_; }
   void SetTag(EntryTag tag) { tag_ = tag; }
   QString Text() const { return text_.ToString(); }
+  // Until the text changes.
+  QStringView TextView() const { return text_.View(); }
   // The number of the node's picture in the view's image list.
   int Image() const { return image_; }
 
