@@ -202,6 +202,15 @@ void WindowWork::NewWord() {
 void WindowWork::DeleteCategory() {
   report_.Add(QStringLiteral("delete of a category with 20,000 words"),
               Delete(Category(categories_.doomed)), 500, QStringLiteral("ms"));
+  report_.Add(QStringLiteral("taking that back"), MillisecondsOf([&] {
+                QTest::keyClick(&tree_, Qt::Key_Z, Qt::ControlModifier);
+                Settle();
+              }),
+              1000, QStringLiteral("ms"));
+  if (Category(categories_.doomed).Children() != kDoomedWords) {
+    throw Error(QStringLiteral("not taken back"));
+  }
+  Delete(Category(categories_.doomed));
 }
 
 void WindowWork::DeleteNestedWords() {

@@ -77,6 +77,7 @@ class Session : public QObject {
   void OtherWindow();
   void Colleague();
   void Reload();
+  void TakeBack();
   void FailingStatement();
   void Window();
   void CloseAndReopen();
@@ -117,6 +118,7 @@ class Session : public QObject {
   bool dropsText_ = false;
   bool refused_ = false;
   bool unread_ = false;
+  bool notTakenBack_ = false;
   bool deleted_ = false;
   std::optional<Editing> editing_;  // as last seen
   std::set<EntryId> edited_;        // all that were seen

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
 #include <algorithm>
@@ -13,4 +14,11 @@ inline constexpr qsizetype kMostCharacters = 4000;
 // The number of characters (Unicode code points) of a text: a surrogate pair is one.
 inline qsizetype Characters(QStringView text) {
   return std::count_if(text.begin(), text.end(), [](QChar c) { return !c.isLowSurrogate(); });
+}
+
+// A name as a message quotes it, which a long one would fill.
+inline QString Shortened(const QString& name) {
+  constexpr qsizetype kMost = 40;
+  if (name.size() <= kMost) return name;
+  return name.first(name[kMost - 1].isHighSurrogate() ? kMost - 1 : kMost) + u'…';
 }

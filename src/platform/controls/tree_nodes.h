@@ -86,6 +86,22 @@ class TreeNodes : public QAbstractItemModel {
     TreeNodes& nodes_;
   };
 
+  // While it exists, one node is added with all that hangs below it, which is announced at its end
+  // as one row. That stands before the sibling `before`, or last when that is null.
+  class Growing {
+   public:
+    Growing(TreeNodes& nodes, const Node* before);
+    ~Growing();
+    Growing(const Growing&) = delete;
+    Growing& operator=(const Growing&) = delete;
+
+   private:
+    friend class TreeNodes;
+    TreeNodes& nodes_;
+    const Node* const before_;
+    std::unique_ptr<Node> top_;
+  };
+
   // An Error when there is none.
   Node& Item(EntryKey key) const;
 
@@ -111,11 +127,14 @@ class TreeNodes : public QAbstractItemModel {
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
  private:
+  // Hangs the node on its parent, before `before` or as the last child when that is null.
+  void Hang(std::unique_ptr<Node> node, const Node* before);
   void Forget(std::unique_ptr<Node> subtree);
 
   // The invisible parent of the top-level nodes.
   Node top_;
   KeyIndex<Node> index_;
   bool loading_ = false;
+  Growing* growing_ = nullptr;
   ImageList images_;
 };

@@ -5,6 +5,7 @@
 
 #include "accessible_roles.h"
 #include "band_container.h"
+#include "deleted_branches.h"
 #include "entry_scheme.h"
 #include "event_guard.h"
 #include "list_view.h"
@@ -30,7 +31,7 @@ QCursor LoadCursor(const QString& path, int hotX, int hotY, qreal scale) {
 
 }  // namespace
 
-frmMain::frmMain() : placement_(*this) {
+frmMain::frmMain() : placement_(*this), deleted_(std::make_unique<DeletedBranches>()) {
   setObjectName(QStringLiteral("frmMain"));
   InstallAccessibleRoles();
   for (const char* name : {"root", "category", "word"}) {
@@ -244,6 +245,14 @@ void frmMain::ConnectEvents() {
   auto* const reload = new QShortcut(Qt::Key_F5, this);
   reload->setAutoRepeat(false);
   connect(reload, &QShortcut::activated, this, Guarded([this] { ReloadWordLib(); }));
+  // The tree's own: in an editor both keys are the text's.
+  const auto onKey = [this](const QKeySequence& key, void (frmMain::*act)()) {
+    auto* const shortcut = new QShortcut(key, tvTreeView, nullptr, nullptr, Qt::WidgetShortcut);
+    shortcut->setAutoRepeat(false);
+    connect(shortcut, &QShortcut::activated, this, Guarded([this, act] { (this->*act)(); }));
+  };
+  onKey(Qt::Key_Delete, &frmMain::mnuEditDelete_Click);
+  onKey(Qt::CTRL | Qt::Key_Z, &frmMain::TakeBackDelete);
 
   QWidget::setTabOrder(tvTreeView, lvListView);
   QWidget::setTabOrder(lvListView, &tbToolBar->Button(QStringLiteral("新条目")));
