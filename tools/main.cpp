@@ -80,7 +80,7 @@ int Export(Connection& connection, const QString& fileName) {
 int Run(const QStringList& arguments) {
   const CommandLine commandLine = ParseCommandLine(arguments);
   if (commandLine.wantsHelp) {
-    std::fputs(kHelp, stdout);
+    std::fputs(ReadFile(QStringLiteral(":/help/hcwordlib-admin.txt")).constData(), stdout);
     return kSuccess;
   }
   if (commandLine.wantsVersion) {
