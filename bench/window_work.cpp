@@ -10,6 +10,7 @@
 #include "frm_main.h"
 #include "library.h"
 #include "list_view.h"
+#include "reload.h"
 #include "report.h"
 #include "shared_objects.h"
 #include "statements.h"
@@ -367,11 +368,14 @@ WorkCategories::WorkCategories(Library& library)
 
 void MeasureWindowWork(int argc, char** argv, const WorkCategories& categories, Report& report) {
   TimedApplication application(argc, argv);
-  WindowWork work(application, categories, report);
-  work.Handlers();
-  work.NewWord();
-  work.DeleteCategory();
-  work.DeleteNestedWords();
-  work.DefaultName();
-  work.Rename();
+  {
+    WindowWork work(application, categories, report);
+    work.Handlers();
+    work.NewWord();
+    work.DeleteCategory();
+    work.DeleteNestedWords();
+    work.DefaultName();
+    work.Rename();
+  }
+  MeasureReload(categories.defaults, report);
 }

@@ -19,6 +19,8 @@ const CommandForm kCommands[] = {
     {"init", 0, 0, {}},
     {"import", 1, 1, {QStringLiteral("--duplicates")}},
     {"export", 0, 1, {}},
+    {"copy", 0, 0, {QStringLiteral("--to")}},
+    {"check", 0, 0, {QStringLiteral("--repair")}},
 };
 
 Duplicates DuplicatesCalled(const QString& name) {
@@ -45,9 +47,10 @@ struct Arguments {
 };
 
 Arguments TakeApart(const QStringList& arguments) {
-  static const QStringList kWithValue{QStringLiteral("--dsn"), QStringLiteral("--duplicates")};
+  static const QStringList kWithValue{QStringLiteral("--dsn"), QStringLiteral("--duplicates"),
+                                      QStringLiteral("--to")};
   static const QStringList kAlone{QStringLiteral("--empty"), QStringLiteral("--help"),
-                                  QStringLiteral("--version")};
+                                  QStringLiteral("--repair"), QStringLiteral("--version")};
   Arguments result;
   bool optionsEnded = false;
   for (qsizetype i = 1; i < arguments.size(); ++i) {
@@ -108,8 +111,18 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
       throw UsageError(QStringLiteral("命令“%1”没有选项“%2”。").arg(words[0], name));
     } else if (name == u"--empty") {
       result.isEmpty = true;
+    } else if (name == u"--repair") {
+      result.repair = true;
     } else if (name == u"--duplicates") {
       result.duplicates = DuplicatesCalled(value);
+    } else if (name == u"--to") {
+      result.target = CheckedDsn(value);
+    }
+  }
+  if (result.command == u"copy") {
+    if (result.target.isEmpty()) throw UsageError(QStringLiteral("没有用 --to 给出目标数据源。"));
+    if (result.target.compare(result.dsn, Qt::CaseInsensitive) == 0) {
+      throw UsageError(QStringLiteral("不能把数据源“%1”复制到它自己。").arg(result.dsn));
     }
   }
   return result;

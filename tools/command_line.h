@@ -13,8 +13,10 @@ struct CommandLine {
   QString dsn = QStringLiteral("HCWordLib");
   QString command;  // one of those that --help tells
   QString file;     // empty when absent, "-" for standard input
+  QString target;   // the data source that is copied to
   Duplicates duplicates = Duplicates::kRefuse;
   bool isEmpty = false;
+  bool repair = false;
   bool wantsHelp = false;
   bool wantsVersion = false;
 };

@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 
 namespace {
 
@@ -238,6 +239,11 @@ void frmMain::ConnectEvents() {
   // Where the pointer has left the pane, the bar is plain again.
   connect(picTreeContain, &PictureBox::MouseLeave, this,
           Guarded([this] { DrawSortBar(*picTreeContain); }));
+
+  // Wherever in the window the focus is, in an open editor too.
+  auto* const reload = new QShortcut(Qt::Key_F5, this);
+  reload->setAutoRepeat(false);
+  connect(reload, &QShortcut::activated, this, Guarded([this] { ReloadWordLib(); }));
 
   QWidget::setTabOrder(tvTreeView, lvListView);
   QWidget::setTabOrder(lvListView, &tbToolBar->Button(QStringLiteral("新条目")));
