@@ -64,8 +64,8 @@ int DeleteAsClient(Connection& connection, bool isCategory) {
   if (isCategory) {
     funcs.DeleteItem(kSelCategory, kGid);
   } else {
-    bool hasBegun = false;
-    if (const auto failure = DeleteBranch(branch, words, funcs, hasBegun)) {
+    size_t gone = 0;
+    if (const auto failure = DeleteBranch(branch, words, funcs, gone)) {
       std::rethrow_exception(failure);
     }
   }
