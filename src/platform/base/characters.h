@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
 #include <algorithm>
@@ -14,3 +15,11 @@ inline constexpr qsizetype kMostCharacters = 4000;
 inline qsizetype Characters(QStringView text) {
   return std::count_if(text.begin(), text.end(), [](QChar c) { return !c.isLowSurrogate(); });
 }
+
+// Whether a line ends with it: line feed, carriage return and what Unicode adds to them.
+bool IsLineBreak(QChar c);
+
+// What of a text that comes in from elsewhere can be part of a name. Breaks and tabs are trimmed
+// from its ends, a run of them inside becomes a blank; halves of surrogate pairs and null
+// characters go.
+QString OnOneLine(QStringView text);
