@@ -8,7 +8,7 @@
 
 const char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
 
-建立、导入和导出 ODBC 数据源中的词句库。
+建立、导入、导出和检查 ODBC 数据源中的词句库。
 
 命令：
   new [文件]      为本人建立单机使用的词句库（SQLite）：文件、数据源、各表和示例；
@@ -20,12 +20,15 @@ const char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
                   文件写作 - 时读标准输入
   export [文件]   把词句库写成大纲文件；不给出文件时写到标准输出；
                   逐一指出没有上级而未导出的词、导入前须改的名称，退出状态为 1
+  check           检查整个词句库，逐一指出问题；有问题时退出状态为 1
 
 选项：
   --dsn 名称      数据源的名称（不给出时为 HCWordLib）
   --duplicates 方式  导入时如何对待重名：refuse 拒绝整个文件（不给出时）；
                   skip 不导入后一个及其下的词；number 在后一个的名称后加 2、3……
   --empty         新建的词句库不含示例
+  --repair        检查时在一个事务中修复能修复的，不丢失任何词：没有归属的词连同其下的词
+                  移到分类条目“找回的词”，后一个重名的在名称后加 2、3……
   --help          显示本说明
   --version       显示版本
 
@@ -55,6 +58,7 @@ const CommandForm kCommands[] = {
     {"init", 0, 0, {}},
     {"import", 1, 1, {QStringLiteral("--duplicates")}},
     {"export", 0, 1, {}},
+    {"check", 0, 0, {QStringLiteral("--repair")}},
 };
 
 Duplicates DuplicatesCalled(const QString& name) {
@@ -83,7 +87,7 @@ struct Arguments {
 Arguments TakeApart(const QStringList& arguments) {
   static const QStringList kWithValue{QStringLiteral("--dsn"), QStringLiteral("--duplicates")};
   static const QStringList kAlone{QStringLiteral("--empty"), QStringLiteral("--help"),
-                                  QStringLiteral("--version")};
+                                  QStringLiteral("--repair"), QStringLiteral("--version")};
   Arguments result;
   bool optionsEnded = false;
   for (qsizetype i = 1; i < arguments.size(); ++i) {
@@ -144,6 +148,8 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
       throw UsageError(QStringLiteral("命令“%1”没有选项“%2”。").arg(words[0], name));
     } else if (name == u"--empty") {
       result.isEmpty = true;
+    } else if (name == u"--repair") {
+      result.repair = true;
     } else if (name == u"--duplicates") {
       result.duplicates = DuplicatesCalled(value);
     }

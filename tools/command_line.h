@@ -18,6 +18,7 @@ struct CommandLine {
   QString file;     // empty when absent, "-" for standard input
   Duplicates duplicates = Duplicates::kRefuse;
   bool isEmpty = false;
+  bool repair = false;
   bool wantsHelp = false;
   bool wantsVersion = false;
 };

@@ -11,11 +11,10 @@
 #include "database_error.h"
 #include "progress_bar.h"
 #include "recordset.h"
-#include "sql_script.h"
+#include "schema.h"
 #include "statements.h"
 #include "transaction.h"
 
-#include <QFile>
 #include <QHash>
 #include <QIODevice>
 #include <QSet>
@@ -208,11 +207,7 @@ bool TablesExist(Connection& connection) {
 }
 
 void CreateTables(Connection& connection) {
-  QFile schema(QStringLiteral(":/schema/%1.sql").arg(connection.EngineName().toLower()));
-  if (!schema.open(QIODevice::ReadOnly)) {
-    throw Error(
-        QStringLiteral("没有为数据库引擎“%1”准备的建表语句。").arg(connection.EngineName()));
-  }
+  const QStringList statements = SchemaOf(connection);
   for (const char* table : kTables) {
     if (TableExists(table, connection)) {
       throw Error(QStringLiteral("表 %1 已经存在，没有建立任何表。").arg(QLatin1String(table)));
@@ -222,7 +217,7 @@ void CreateTables(Connection& connection) {
   QStringList made;
   try {
     Transaction transaction(connection, Transaction::Use::kWrite);
-    for (const QString& statement : StatementsOf(QString::fromUtf8(schema.readAll()))) {
+    for (const QString& statement : statements) {
       connection.Execute(statement);
       made += statement;
     }

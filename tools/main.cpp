@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The HCWordLib authors
 // SPDX-License-Identifier: MIT
 
-// hcwordlib-admin: creates, fills and writes out the library of a data source.
+// hcwordlib-admin: creates, fills, writes out and checks the library of a data source.
 
 #include "command_line.h"
 #include "connection.h"
+#include "library_check.h"
 #include "library_tasks.h"
 #include "new_library.h"
 
@@ -77,6 +78,34 @@ int Export(Connection& connection, const QString& fileName) {
   return remarks.isEmpty() ? kSuccess : kFailure;
 }
 
+int Check(Connection& connection, bool repair) {
+  connection.Open();
+  Repaired repaired;
+  if (repair) {
+    repaired = RepairLibrary(connection);
+  } else {
+    repaired.left = CheckLibrary(connection);
+  }
+  const auto& [mended, left] = repaired;
+  for (const Fault& fault : mended) {
+    Print(QStringLiteral("%1；已%2。\n").arg(fault.text, fault.mend), stdout);
+  }
+  for (const Fault& fault : left.faults) Print(fault.text + QStringLiteral("。\n"), stdout);
+  QString summary =
+      QStringLiteral("%1 个分类条目、%2 个分类词").arg(left.categories).arg(left.words);
+  if (repair) summary += QStringLiteral("，已修复 %1 个问题").arg(mended.size());
+  if (left.faults.empty()) {
+    Print(summary + (mended.empty() ? QStringLiteral("，没有问题。\n") : QStringLiteral("。\n")),
+          stdout);
+    return kSuccess;
+  }
+  std::fflush(stdout);
+  PrintMessage(summary + (repair ? QStringLiteral("，还有 %1 个问题要由人改正。")
+                                 : QStringLiteral("，有 %1 个问题。"))
+                             .arg(left.faults.size()));
+  return kFailure;
+}
+
 int Run(const QStringList& arguments) {
   const CommandLine commandLine = ParseCommandLine(arguments);
   if (commandLine.wantsHelp) {
@@ -99,6 +128,8 @@ int Run(const QStringList& arguments) {
     CreateTables(connection);
   } else if (commandLine.command == QLatin1String("import")) {
     Import(connection, commandLine);
+  } else if (commandLine.command == QLatin1String("check")) {
+    return Check(connection, commandLine.repair);
   } else {
     return Export(connection, commandLine.file);
   }

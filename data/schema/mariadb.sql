@@ -8,18 +8,20 @@
 create table Dictionary (
   GID int not null primary key,
   SortName varchar(4000) not null,
-  Position int not null,
-  key DictionaryByName (SortName(255))
+  Position int not null
 ) engine=InnoDB default character set utf8mb4 collate utf8mb4_nopad_bin;
+
+create index DictionaryByName on Dictionary (SortName(255));
 
 create table Items (
   SortID int not null,
   ID int not null,
   FatherID int not null,
   NodeName varchar(4000) not null,
-  primary key (SortID, ID),
-  key ItemsByName (SortID, NodeName(255))
+  primary key (SortID, ID)
 ) engine=InnoDB default character set utf8mb4 collate utf8mb4_nopad_bin;
+
+create index ItemsByName on Items (SortID, NodeName(255));
 
 create table GUIDLists (
   GUIDField1 int not null,

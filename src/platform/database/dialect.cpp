@@ -13,10 +13,10 @@ constexpr const char* kMariaDbSession[] = {
     "set sql_mode = concat(@@sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_TRANS_TABLES')",
     "set innodb_lock_wait_timeout = 10, lock_wait_timeout = 10"};
 
-constexpr Dialect kSqlite = {{}, "begin immediate", "select last_insert_rowid()"};
-constexpr Dialect kPostgreSql = {kPostgreSqlSession, "begin", "select lastval()"};
-constexpr Dialect kMariaDb = {kMariaDbSession, "begin", "select last_insert_id()"};
-constexpr Dialect kGeneric = {{}, "begin", nullptr};
+constexpr Dialect kSqlite = {{}, "begin", "begin immediate", "select last_insert_rowid()"};
+constexpr Dialect kPostgreSql = {kPostgreSqlSession, "begin isolation level repeatable read", "begin", "select lastval()"};
+constexpr Dialect kMariaDb = {kMariaDbSession, "begin", "begin", "select last_insert_id()"};
+constexpr Dialect kGeneric = {{}, "begin", "begin", nullptr};
 
 }  // namespace
 

@@ -12,6 +12,8 @@ struct Dialect {
   // Sent right after connecting: a text between single quotes is literal but for doubled single
   // quotes, and nothing waits for another user for more than 10 seconds.
   std::span<const char* const> sessionStatements;
+  // Begins a transaction that shows one state of the database throughout.
+  const char* beginToRead;
   // Begins a transaction that no other writer can make fail later on.
   const char* beginToWrite;
   // Asks for the number that the database gave to the row stored last on the same connection.

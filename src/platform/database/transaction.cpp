@@ -11,7 +11,7 @@ Transaction::Transaction(Connection& connection, Use use) : connection_(connecti
   OdbcConnection& odbc = *connection.impl_;
   odbc.RequireOpen();
   if (odbc.inTransaction) throw DatabaseError(QStringLiteral("事务已经开始。"));
-  odbc.Run(use == Use::kWrite ? odbc.dialect->beginToWrite : "begin");
+  odbc.Run(use == Use::kWrite ? odbc.dialect->beginToWrite : odbc.dialect->beginToRead);
   odbc.inTransaction = true;
   odbc.canCommit = true;
 }
