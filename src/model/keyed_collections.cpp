@@ -86,3 +86,11 @@ bool DictPrptys::Rename(EntryKey TheKey, const QString& NewName) {
   records_.Item(TheKey).SetNodeName(NewName);
   return true;
 }
+
+bool DictPrptys::GetKey(qint32 DicID, EntryKey& NodeKey) const {
+  const DictPrpty* const record = records_.FindFirst(
+      [DicID](const DictPrpty& candidate) { return candidate.DicID() == DicID; });
+  if (record == nullptr) return false;
+  NodeKey = record->NodeKey();
+  return true;
+}

@@ -74,6 +74,10 @@ class DictPrptys {
   // Gives the record under `TheKey` a new NodeName and returns true.
   bool Rename(EntryKey TheKey, const QString& NewName);
 
+  // Puts the NodeKey of the category `DicID` into `NodeKey` and returns true; returns false and
+  // changes nothing when there is none.
+  bool GetKey(qint32 DicID, EntryKey& NodeKey) const;
+
   const DictPrpty& Item(qint32 vntIndexKey) const { return records_.Item(vntIndexKey); }
   const DictPrpty& Item(EntryKey vntIndexKey) const { return records_.Item(vntIndexKey); }
   void Remove(qint32 vntIndexKey) { records_.Remove(vntIndexKey); }

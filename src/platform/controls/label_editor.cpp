@@ -66,10 +66,12 @@ void LabelEditor::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
       // While a candidate is being composed the key only confirms it.
-      if (preedit_.isEmpty()) {
-        Q_EMIT Ended(Ending::kEnter);
-      } else {
+      if (!preedit_.isEmpty()) {
         TakeOverPreedit();
+      } else if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        Q_EMIT Ended(Ending::kEnter);
+      } else if (!event->isAutoRepeat()) {
+        Q_EMIT Ended(Ending::kNext);
       }
       return;
     case Qt::Key_Escape:

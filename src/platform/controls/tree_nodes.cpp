@@ -47,6 +47,20 @@ TreeNodes::Loading::~Loading() {
   nodes_.endResetModel();
 }
 
+TreeNodes::Adding::Adding(TreeNodes& nodes, const Node& parent, int count)
+    : nodes_(nodes), announces_(!nodes.loading_ && count > 0) {
+  if (!announces_) return;
+  const int first = parent.Children();
+  nodes_.beginInsertRows(nodes_.IndexOf(&parent), first, first + count - 1);
+  nodes_.loading_ = true;
+}
+
+TreeNodes::Adding::~Adding() {
+  if (!announces_) return;
+  nodes_.loading_ = false;
+  nodes_.endInsertRows();
+}
+
 Node& TreeNodes::Item(EntryKey key) const {
   Node* node = index_.Find(key);
   if (node == nullptr) throw Error(QStringLiteral("找不到元素"));

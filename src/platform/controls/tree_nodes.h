@@ -84,6 +84,21 @@ class TreeNodes : public QAbstractItemModel {
     TreeNodes& nodes_;
   };
 
+  // While it exists, `count` nodes and whatever belongs below them are added to `parent`, nothing
+  // else is, and none is removed: the views hear of it once. Within another one or Loading it means
+  // nothing more.
+  class Adding {
+   public:
+    Adding(TreeNodes& nodes, const Node& parent, int count);
+    ~Adding();
+    Adding(const Adding&) = delete;
+    Adding& operator=(const Adding&) = delete;
+
+   private:
+    TreeNodes& nodes_;
+    const bool announces_;
+  };
+
   // An Error when there is none.
   Node& Item(EntryKey key) const;
 
@@ -111,6 +126,6 @@ class TreeNodes : public QAbstractItemModel {
   // The invisible parent of the top-level nodes.
   Node top_;
   KeyIndex<Node> index_;
-  bool loading_ = false;
+  bool loading_ = false;  // or adding: nothing is announced
   ImageList images_;
 };

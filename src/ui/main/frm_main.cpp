@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 
 namespace {
 
@@ -210,6 +211,7 @@ void frmMain::ConnectEvents() {
   connect(tvTreeView, &TreeView::GotFocus, this, Guarded([this] { tvTreeView_GotFocus(); }));
   connect(tvTreeView, &TreeView::ContextMenuKey, this,
           Guarded([this](const QPoint& position) { ShowPopMnu(position); }));
+  connect(tvTreeView, &TreeView::NextLabelWanted, this, Guarded([this] { NewBeside(); }));
   connect(lvListView, &ListView::MouseMove, this,
           Guarded([this](int, float X, float Y) { lvListView_MouseMove(X, Y); }));
 
@@ -238,6 +240,20 @@ void frmMain::ConnectEvents() {
   // Where the pointer has left the pane, the bar is plain again.
   connect(picTreeContain, &PictureBox::MouseLeave, this,
           Guarded([this] { DrawSortBar(*picTreeContain); }));
+
+  // The views themselves copy a name.
+  const auto onKeys = [this](QWidget* control, const QKeySequence& keys, const auto& handler) {
+    auto* const shortcut = new QShortcut(keys, control);
+    shortcut->setContext(Qt::WidgetShortcut);
+    shortcut->setAutoRepeat(false);
+    connect(shortcut, &QShortcut::activated, this, Guarded(handler));
+  };
+  const QKeySequence copyBranch(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+  onKeys(tvTreeView, copyBranch, [this] { CopyBranch(tvTreeView->SelectedItem()); });
+  onKeys(lvListView, copyBranch, [this] { CopyListedBranch(); });
+  for (const QKeySequence& paste : QKeySequence::keyBindings(QKeySequence::Paste)) {
+    onKeys(tvTreeView, paste, [this] { PasteList(); });
+  }
 
   QWidget::setTabOrder(tvTreeView, lvListView);
   QWidget::setTabOrder(lvListView, &tbToolBar->Button(QStringLiteral("新条目")));
