@@ -54,10 +54,8 @@ struct CommandForm {
 };
 
 const CommandForm kCommands[] = {
-    {"new", 0, 1, {QStringLiteral("--empty")}},
-    {"init", 0, 0, {}},
-    {"import", 1, 1, {QStringLiteral("--duplicates")}},
-    {"export", 0, 1, {}},
+    {"new", 0, 1, {QStringLiteral("--empty")}},         {"init", 0, 0, {}},
+    {"import", 1, 1, {QStringLiteral("--duplicates")}}, {"export", 0, 1, {}},
     {"check", 0, 0, {QStringLiteral("--repair")}},
 };
 

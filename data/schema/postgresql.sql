@@ -41,17 +41,23 @@ end $$;
 create trigger DictionaryDeleted after delete on Dictionary
 for each row execute procedure DictionaryDeleted();
 
--- No word without its category and, where it has one, its parent word. These are locked, so that
--- whoever deletes one of them at the same moment is waited for and keeps waiting. One by one, because
--- a plan for many, made while the table was small, would go on reading all of it.
+-- No word without its category and, where it has one, its parent word, which is never the word itself:
+-- the number of a word that was just deleted may be given to the very word that was to stand below it.
+-- Both are locked, so that whoever deletes one of them at the same moment is waited for and keeps
+-- waiting. One by one, because a plan for many, made while the table was small, would go on reading all
+-- of it.
 create or replace function ItemsInserted() returns trigger language plpgsql as $$
 declare
   parent record;
 begin
-  for parent in select distinct SortID, FatherID from Added order by SortID, FatherID loop
+  for parent in
+    select SortID, FatherID, bool_or(ID = FatherID) as IsItself from Added
+    group by SortID, FatherID order by SortID, FatherID
+  loop
     perform 1 from Dictionary where GID = parent.SortID for key share;
     if found and parent.FatherID <> 0 then
-      perform 1 from Items where SortID = parent.SortID and ID = parent.FatherID for key share;
+      perform 1 from Items
+        where SortID = parent.SortID and ID = parent.FatherID and not parent.IsItself for key share;
     end if;
     if not found then
       raise exception using errcode = 'foreign_key_violation',

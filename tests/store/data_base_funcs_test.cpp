@@ -138,6 +138,8 @@ TEST_P(DataBaseFuncsTest, NoWordIsStoredWithoutItsCategoryAndItsParent) {
     EXPECT_NE(refused([&] { others.DeleteItem(kWord, category, 3); }), QString());
     transaction.Commit();
   }
+  // The number of the last word, once deleted, is given to the next.
+  deleteAtOnce(kWord, 4, 4);
   deleteAtOnce(kCategory, 0, 0);
   EXPECT_EQ(Words(connection_), "");
   const qint32 next = AddCategory(QStringLiteral("铣削"));

@@ -14,7 +14,8 @@ constexpr const char* kMariaDbSession[] = {
     "set innodb_lock_wait_timeout = 10, lock_wait_timeout = 10"};
 
 constexpr Dialect kSqlite = {{}, "begin", "begin immediate", "select last_insert_rowid()"};
-constexpr Dialect kPostgreSql = {kPostgreSqlSession, "begin isolation level repeatable read", "begin", "select lastval()"};
+constexpr Dialect kPostgreSql = {kPostgreSqlSession, "begin isolation level repeatable read",
+                                 "begin", "select lastval()"};
 constexpr Dialect kMariaDb = {kMariaDbSession, "begin", "begin", "select last_insert_id()"};
 constexpr Dialect kGeneric = {{}, "begin", "begin", nullptr};
 

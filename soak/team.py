@@ -1,0 +1,231 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The HCWordLib authors
+# SPDX-License-Identifier: MIT
+"""A team at work on one library: writers and windows, some of them killed, and what is left of it all.
+
+    soak/team.py BUILD ENGINE [--seconds N] [--writers N] [--windows N] [--seed N]
+
+BUILD holds the programs; the engine's data source is the one that script/servers.sh made. At the end
+nothing but the words below a word that a colleague deleted at the same time may be wrong with the library;
+`hcwordlib-admin check --repair` gives them a home, and then nothing is. What was confirmed to a client and
+nobody touched again is there, what was deleted is gone, and whatever was refused was told.
+"""
+
+import argparse
+import collections
+import os
+import pathlib
+import random
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+# What stays wrong after clients were at work at the same time: a word was put below another one that was just
+# being deleted, row by row; two windows chose the same name for a new word.
+KNOWN = re.compile("上级 FatherID=[0-9]+ 不存在|^分类词“新加词[0-9]*”.*重名")
+
+
+class Client:
+    def __init__(self, team, kind, number):
+        self.name = f"{kind[0]}{number}"
+        self.kind = kind
+        self.journal = team.folder / f"{self.name}.journal"
+        self.errors = team.folder / f"{self.name}.errors"
+        with open(self.journal, "wb") as journal, open(self.errors, "wb") as errors:
+            self.process = subprocess.Popen([team.build / "hcwordlib-team", kind, self.name, str(team.seed + number)],
+                                            stdin=subprocess.PIPE, stdout=journal, stderr=errors, env=team.env)
+
+    def acts(self):
+        """What was tried, each with what came of it: "done", "refused" or nothing when it was killed."""
+        tried = None
+        # The last line is whole or was never written.
+        for line in self.journal.read_text(encoding="utf-8", errors="replace").splitlines():
+            fields = line.split("\t")
+            if fields[0] in ("done", "refused"):
+                if tried:
+                    yield tried, fields
+                tried = None
+            else:
+                if tried:
+                    yield tried, ["killed", ""]
+                tried = fields
+        if tried:
+            yield tried, ["killed", ""]
+
+
+class Team:
+    def __init__(self, options):
+        self.build = pathlib.Path(options.build).resolve()
+        self.seed = options.seed
+        self.random = random.Random(options.seed)
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="team"))
+        self.env = dict(os.environ, QT_QPA_PLATFORM="offscreen", ODBCINI=str(self.folder / "odbc.ini"),
+                        XDG_CONFIG_HOME=str(self.folder))
+        source = os.environ["HCW_TEST_" + options.engine.upper()]
+        sources = pathlib.Path(os.environ["ODBCINI"]).read_text(encoding="utf-8")
+        (self.folder / "odbc.ini").write_text(sources.replace(f"[{source}]", "[HCWordLib]"), encoding="utf-8")
+        self.clients = []
+        self.faults = []
+
+    def admin(self, *words, status=(0,)):
+        done = subprocess.run([self.build / "hcwordlib-admin", *words], env=self.env, check=False, text=True,
+                              capture_output=True, timeout=600)
+        if done.returncode not in status:
+            raise SystemExit(f"hcwordlib-admin {' '.join(words)}: {done.returncode}\n{done.stdout}{done.stderr}")
+        return done.stdout
+
+    def prepare(self, engine):
+        subprocess.run([self.build / "hcwordlib-team", "empty", engine, "0"], env=self.env, check=True, timeout=60)
+        outline = self.folder / "library.outline"
+        outline.write_text("".join(f"条目{i}\n" + "".join(f"\t词{i}-{j}\n\t\t下{i}-{j}\n" for j in range(10))
+                                   for i in range(20)), encoding="utf-8")
+        self.admin("import", outline)
+
+    def end(self):
+        for client in self.clients:
+            if client.process.poll() is None:
+                client.process.kill()
+                client.process.wait()
+        shutil.rmtree(self.folder)
+
+    def mend(self):
+        """Repairs what is known to go wrong; the number of these faults."""
+        wrong = self.admin("check", status=(0, 1)).splitlines()[:-1]
+        self.faults += [line for line in wrong if not KNOWN.search(line)]
+        if wrong:
+            self.admin("check", "--repair", status=(0, 1))
+            self.faults += self.admin("check", status=(0, 1)).splitlines()[:-1]
+        return len(wrong)
+
+    def start(self, kind):
+        client = Client(self, kind, len(self.clients))
+        self.clients.append(client)
+        return client
+
+    def work(self, options):
+        at_work = [self.start("writer") for _ in range(options.writers)]
+        at_work += [self.start("window") for _ in range(options.windows)]
+        end = time.monotonic() + options.seconds
+        kills = 0
+        while time.monotonic() < end:
+            time.sleep(self.random.uniform(0.2, 1.5))
+            for i, client in enumerate(at_work):
+                status = client.process.poll()
+                if status is not None:
+                    self.ended(client, status)
+                    at_work[i] = self.start(client.kind)
+            # A window takes its time to load.
+            client = self.random.choice(at_work[:options.writers] * 3 + at_work[options.writers:])
+            i = at_work.index(client)
+            client.process.kill()
+            client.process.wait()
+            kills += 1
+            at_work[i] = self.start(client.kind)
+        for client in at_work:
+            client.process.stdin.close()
+        for client in at_work:
+            self.ended(client, client.process.wait(timeout=60))
+        return kills
+
+    def ended(self, client, status):
+        """A window that told an uncaught error has ended as it has to."""
+        last = ""
+        for _, outcome in client.acts():
+            last = outcome[0]
+        if status != 0 and not (client.kind == "window" and status == 1 and last == "refused"):
+            self.faults.append(f"{client.name} ended with {status}: {client.errors.read_text(encoding='utf-8')}")
+
+    def judge(self):
+        figures = collections.Counter()
+        born, owner = {}, {}
+        renamed = collections.defaultdict(set)  # old name: its new names
+        dead, dropped, may_be_dropped = set(), set(), set()
+        hits = collections.defaultdict(int)  # changes of a row: those by its name and those by its number
+        for client in self.clients:
+            last = []
+            for tried, outcome in client.acts():
+                what, done = tried[0], outcome[0] == "done"
+                figures[f"{what} {outcome[0]}"] += 1
+                if outcome[0] == "refused" and not outcome[1].strip():
+                    self.faults.append(f"{client.name}: {tried} was refused and nothing was told")
+                if what == "create" and done:
+                    gid = int(tried[1])
+                    born[tried[2]] = gid or int(outcome[1])
+                    owner[tried[2]] = (gid, int(outcome[1])) if gid else None
+                elif what == "rename":
+                    row, old, new = (int(tried[1]), int(tried[2])), tried[3], tried[4]
+                    hits[row, old] += 1
+                    if done:
+                        renamed[old].add(new)
+                        born.setdefault(new, row[0])
+                        owner[new] = row
+                elif what == "delete":
+                    last = [tried[i + 1] for i in range(2, len(tried) - 1, 2)]
+                    for i in range(2, len(tried) - 1, 2):
+                        hits[(int(tried[1]), int(tried[i])), tried[i + 1]] += 1
+                    if done:
+                        dead.update(last)
+                elif what == "drop":
+                    last = int(tried[1])
+                    may_be_dropped.add(last)
+                    if done:
+                        dropped.add(last)
+                elif what == "restore" and last:
+                    if isinstance(last, int):
+                        dropped.discard(last)
+                    else:
+                        dead.difference_update(last)
+                    last = []
+        by_row = collections.Counter()
+        for (row, _), count in hits.items():
+            by_row[row] += count
+        names = {line.strip("\t").replace("\\\\", "\\") for line in self.admin("export").splitlines()}
+        for name, gid in born.items():
+            row = owner[name]
+            untouched = gid not in may_be_dropped and (row is None or by_row[row] == 0)
+            if row and by_row[row] == 1 and any(name in news for news in renamed.values()):
+                untouched = gid not in may_be_dropped
+            if untouched and name not in names:
+                self.faults.append(f"{name} was confirmed and nobody touched it, but it is not there")
+            figures["confirmed and untouched"] += untouched
+            if gid in dropped and name in names:
+                self.faults.append(f"{name} is there, but its category {gid} was deleted")
+        for name in dead & names:
+            self.faults.append(f"{name} is there, but it was deleted")
+        figures["deleted"] = len(dead)
+        return figures
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("build")
+    parser.add_argument("engine", choices=("sqlite", "postgresql", "mariadb"))
+    parser.add_argument("--seconds", type=float, default=600)
+    parser.add_argument("--writers", type=int, default=8)
+    parser.add_argument("--windows", type=int, default=2)
+    parser.add_argument("--seed", type=int, default=1)
+    options = parser.parse_args()
+    if "HCW_TEST_" + options.engine.upper() not in os.environ:
+        print(f"the data source of {options.engine} is not there")
+        return 77
+    team = Team(options)
+    try:
+        team.prepare(options.engine)
+        kills = team.work(options)
+        wrong = team.mend()
+        figures = team.judge()
+    finally:
+        team.end()
+    for fault in team.faults:
+        print("FAULT", fault)
+    told = ", ".join(f"{what} {count}" for what, count in sorted(figures.items()))
+    print(f"{options.engine}: {len(team.clients)} clients, {kills} killed; {wrong} words or names of known kinds "
+          f"repaired; {told}; {len(team.faults)} faults")
+    return 1 if team.faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
