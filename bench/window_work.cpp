@@ -10,6 +10,7 @@
 #include "frm_main.h"
 #include "library.h"
 #include "list_view.h"
+#include "paste.h"
 #include "report.h"
 #include "shared_objects.h"
 #include "statements.h"
@@ -83,6 +84,7 @@ class WindowWork {
   void DeleteNestedWords();
   void DefaultName();
   void Rename();
+  void Paste() { MeasurePaste(tree_, Category(categories_.flat), report_); }
 
  private:
   Node& Root() { return tree_.Nodes().Item(kRootKey); }
@@ -374,4 +376,5 @@ void MeasureWindowWork(int argc, char** argv, const WorkCategories& categories, 
   work.DeleteNestedWords();
   work.DefaultName();
   work.Rename();
+  work.Paste();
 }

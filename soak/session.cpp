@@ -163,6 +163,10 @@ void Session::Act(int index) {
                                     &Session::Colleague,
                                     &Session::Window,
                                     &Session::FailingStatement,
+                                    &Session::PasteList,
+                                    &Session::CopyBranch,
+                                    &Session::NameAnother,
+                                    &Session::NameAnother,
                                     &Session::CloseAndReopen};
   (this->*OneOf(kActs))();
   Settle();
