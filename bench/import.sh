@@ -7,16 +7,16 @@
 #
 #   measure_import   prints a line for each engine. Fails when one is slower than its bound.
 
-# 12 categories of 10,000 words four levels deep, each name of 4 to 10 Chinese characters: the lines of
-# the outline and the rows of the table.
-_make_words() {
-  awk -v outline="$1" -v rows="$2" 'BEGIN {
+# make_words OUTLINE ROWS CATEGORIES WORDS: categories of so many words each, four levels deep, each name
+# of 4 to 10 Chinese characters: the lines of the outline and the rows of the table.
+make_words() {
+  awk -v outline="$1" -v rows="$2" -v categories="$3" -v words="$4" 'BEGIN {
     srand(1)
     for (i = 0; i < 400; ++i) c[i] = sprintf("%c%c%c", 228 + int(i / 64) % 5, 184 + i % 4, 128 + i % 64)
-    for (gid = 1; gid <= 12; ++gid) {
+    for (gid = 1; gid <= categories; ++gid) {
       print "分类" gid >outline
       delete children
-      for (id = 1; id <= 10000; ++id) {
+      for (id = 1; id <= words; ++id) {
         name = id
         for (i = 4 + int(rand() * 7); i > 0; --i) name = name c[int(rand() * 400)]
         father = id <= 12 ? 0 : int((id - 1) / 12)
@@ -79,7 +79,7 @@ _empty() {
 measure_import() {
   local folder engine import load best_import best_load status=0 admin=build/release/hcwordlib-admin
   folder=$(dirname "$ODBCINI")
-  _make_words "$folder/words.outline" "$folder/words.tsv"
+  make_words "$folder/words.outline" "$folder/words.tsv" 12 10000
   for engine in SQLite PostgreSQL MariaDB; do
     best_import=1000 best_load=1000
     for _ in 1 2; do

@@ -11,6 +11,7 @@
 #include "library.h"
 #include "list_view.h"
 #include "paste.h"
+#include "reload.h"
 #include "report.h"
 #include "shared_objects.h"
 #include "statements.h"
@@ -369,12 +370,15 @@ WorkCategories::WorkCategories(Library& library)
 
 void MeasureWindowWork(int argc, char** argv, const WorkCategories& categories, Report& report) {
   TimedApplication application(argc, argv);
-  WindowWork work(application, categories, report);
-  work.Handlers();
-  work.NewWord();
-  work.DeleteCategory();
-  work.DeleteNestedWords();
-  work.DefaultName();
-  work.Rename();
-  work.Paste();
+  {
+    WindowWork work(application, categories, report);
+    work.Handlers();
+    work.NewWord();
+    work.DeleteCategory();
+    work.DeleteNestedWords();
+    work.DefaultName();
+    work.Rename();
+    work.Paste();
+  }
+  MeasureReload(categories.defaults, report);
 }

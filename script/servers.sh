@@ -5,14 +5,14 @@
 # Private database servers for the tests; to be sourced by bash.
 #
 #   start_servers   starts a PostgreSQL and a MariaDB server that nobody else can reach, on sockets
-#                   in a temporary folder, and makes an empty database in each and an empty SQLite
-#                   file. Fails with a message when a server does not start.
+#                   in a temporary folder, and makes two empty databases in each and two empty
+#                   SQLite files. Fails with a message when a server does not start.
 #   stop_servers    stops both and removes the folder. Harmless when nothing was started.
 #
 # Works as root and as an ordinary user. start_servers exports
 #
-#   ODBCINI               an odbc.ini with the three data sources
-#   HCW_TEST_SQLITE       the name of each engine's data source
+#   ODBCINI               an odbc.ini with the six data sources
+#   HCW_TEST_SQLITE       the name of each engine's first data source; the second's has a 2 behind it
 #   HCW_TEST_POSTGRESQL
 #   HCW_TEST_MARIADB
 #
@@ -35,7 +35,8 @@ _start_postgresql() {
     _as_postgres "$bin/pg_ctl" -D "$folder/pg/data" -w -t 60 -l "$folder/pg/server.log" start \
       -o "-c listen_addresses='' -c unix_socket_directories='$folder/pg' -c fsync=off" \
       >>"$log" 2>&1 &&
-    _as_postgres "$bin/createdb" -h "$folder/pg" -U hcw hcw >>"$log" 2>&1 && return
+    _as_postgres "$bin/createdb" -h "$folder/pg" -U hcw hcw >>"$log" 2>&1 &&
+    _as_postgres "$bin/createdb" -h "$folder/pg" -U hcw hcw2 >>"$log" 2>&1 && return
   echo "servers: PostgreSQL did not start:" >&2
   cat "$log" "$folder/pg/server.log" >&2
   return 1
@@ -59,7 +60,7 @@ _start_mariadb() {
     --character-set-server=utf8mb4 >>"$log" 2>&1 </dev/null &
   _servers_mariadb_pid=$!
   until mariadb --no-defaults --socket="$folder/maria/socket" --user=root \
-    -e "create database hcw" >>"$log" 2>&1; do
+    -e "create database if not exists hcw; create database if not exists hcw2" >>"$log" 2>&1; do
     if ! kill -0 "$_servers_mariadb_pid" 2>/dev/null || [ $((left -= 1)) = 0 ]; then
       echo "servers: MariaDB did not start:" >&2
       cat "$log" >&2
@@ -70,33 +71,36 @@ _start_mariadb() {
 }
 
 start_servers() {
-  local folder
+  local folder number
   folder=$(mktemp -d "${TMPDIR:-/tmp}/hcw-servers.XXXXXX") && chmod 711 "$folder" || return 1
   _servers_folder=$folder
   _servers_pg_ctl=
   _servers_mariadb_pid=
   _start_postgresql "$folder" && _start_mariadb "$folder" || return 1
-  : >"$folder/library.db"
-  cat >"$folder/odbc.ini" <<EOF
-[HCWTestSQLite]
+  for number in '' 2; do
+    : >"$folder/library$number.db"
+    cat <<EOF
+[HCWTestSQLite$number]
 Driver=SQLite3
-Database=$folder/library.db
+Database=$folder/library$number.db
 NoCreat=1
 JournalMode=WAL
 SyncPragma=FULL
 
-[HCWTestPostgreSQL]
+[HCWTestPostgreSQL$number]
 Driver=PostgreSQL Unicode
 Servername=$folder/pg
-Database=hcw
+Database=hcw$number
 Username=hcw
 
-[HCWTestMariaDB]
+[HCWTestMariaDB$number]
 Driver=MariaDB Unicode
 SOCKET=$folder/maria/socket
-DATABASE=hcw
+DATABASE=hcw$number
 USER=root
+
 EOF
+  done >"$folder/odbc.ini"
   export ODBCINI=$folder/odbc.ini
   export HCW_TEST_SQLITE=HCWTestSQLite
   export HCW_TEST_POSTGRESQL=HCWTestPostgreSQL

@@ -1,14 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The HCWordLib authors
 // SPDX-License-Identifier: MIT
 
-// What the user, another window and a colleague do in a session.
+// What the user and another window do in a session.
 
 #include "connection.h"
 #include "failing_step.h"
 #include "frm_main.h"
 #include "session.h"
 #include "shared_objects.h"
-#include "statements.h"
 #include "tool_bar.h"
 #include "tree_view.h"
 
@@ -20,8 +19,6 @@
 #include <QMenuBar>
 #include <QTest>
 #include <QWheelEvent>
-
-#include <algorithm>
 
 void Session::Mouse() {
   static const QList<Qt::MouseButton> kButtons = {Qt::LeftButton, Qt::LeftButton, Qt::LeftButton,
@@ -43,7 +40,7 @@ void Session::Mouse() {
   } else if (kind == 1) {
     QTest::mousePress(window, button, {}, point);
     if (OneIn(3)) {  // the keyboard does not wait for the button
-      Key(Qt::Key_F2);
+      Key(OneIn(3) ? Qt::Key_F5 : Qt::Key_F2);
       TypeText();
     }
     QTest::mouseMove(window, point + QPoint(Below(40), Below(60)));
@@ -61,6 +58,8 @@ void Session::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QTest::keyPress(window, key, modifiers);
   window = QGuiApplication::focusWindow();
   if (window != nullptr) QTest::keyRelease(window, key, modifiers);
+  // What lost its parent word may have left the tree.
+  if (key == Qt::Key_F5) touched_.entries.merge(Orphans(StoredLibrary(*colleague_)));
 }
 
 void Session::Keys() {
@@ -69,7 +68,8 @@ void Session::Keys() {
       Qt::Key_Down,   Qt::Key_Down,  Qt::Key_Left,     Qt::Key_Right, Qt::Key_Right,
       Qt::Key_Home,   Qt::Key_End,   Qt::Key_PageDown, Qt::Key_Tab,   Qt::Key_Backtab,
       Qt::Key_Plus,   Qt::Key_Minus, Qt::Key_Asterisk, Qt::Key_Space, Qt::Key_Delete,
-      Qt::Key_Menu,   Qt::Key_F10,   Qt::Key_Alt,      Qt::Key_A,     Qt::Key_Backspace};
+      Qt::Key_Menu,   Qt::Key_F10,   Qt::Key_Alt,      Qt::Key_A,     Qt::Key_Backspace,
+      Qt::Key_F5};
   static const QList<Qt::KeyboardModifiers> kModifiers = {Qt::NoModifier,      Qt::NoModifier,
                                                           Qt::NoModifier,      Qt::NoModifier,
                                                           Qt::ControlModifier, Qt::ShiftModifier};
@@ -251,59 +251,6 @@ void Session::OtherWindow() {
     otherWindow_->activateWindow();
   } else {
     window_->activateWindow();
-  }
-}
-
-void Session::Colleague() {
-  const Library stored = StoredLibrary(*colleague_);
-  QList<EntryId> words;
-  QList<EntryId> categories;
-  for (const auto& [id, entry] : stored) (id.second == 0 ? categories : words) += id;
-  const auto touch = [this](EntryId id) {
-    touched_.entries.insert(id);
-    touchedNow_.entries.insert(id);
-  };
-  const QString name = QStringLiteral("同事的%1").arg(random_.bounded(1'000'000));
-  const int kind = Below(5);
-  if (kind == 0 && !words.isEmpty()) {
-    const EntryId id = OneOf(words);
-    Tell(QStringLiteral("a colleague renames ") + Describe(id));
-    colleague_->Execute(Statement::RenameWord(name, id.first, id.second));
-    touch(id);
-  } else if (kind == 1 && !categories.isEmpty()) {
-    const EntryId id = OneOf(categories);
-    Tell(QStringLiteral("a colleague renames ") + Describe(id));
-    colleague_->Execute(Statement::RenameCategory(name, id.first));
-    touch(id);
-  } else if (kind == 2 && !words.isEmpty() && !words.contains({OneOf(words).first, 0})) {
-    // Not the last number of a category, which would be given again.
-    const EntryId id = OneOf(words);
-    const auto next = stored.upper_bound(id);
-    if (next == stored.end() || next->first.first != id.first) return;
-    Tell(QStringLiteral("a colleague deletes ") + Describe(id));
-    colleague_->Execute(Statement::DeleteWord(id.first, id.second));
-    touch(id);
-  } else if (kind == 3 && !categories.isEmpty()) {
-    const qint32 gid = OneOf(categories).first;
-    qint32 last = 0;
-    for (const EntryId& id : words) {
-      if (id.first == gid) last = std::max(last, id.second);
-    }
-    const EntryId id{gid, last + 1};
-    Tell(QStringLiteral("a colleague adds ") + Describe(id));
-    colleague_->Execute(
-        QStringLiteral("insert into Items (SortID,ID,FatherID,NodeName) values (%1,%2,0,'%3')")
-            .arg(id.first)
-            .arg(id.second)
-            .arg(name));
-    touch(id);
-  } else if (kind == 4 && categories.size() > 2 && OneIn(3)) {
-    const EntryId id = OneOf(categories);
-    Tell(QStringLiteral("a colleague deletes ") + Describe(id));
-    colleague_->Execute(Statement::DeleteCategory(id.first));
-    colleague_->Execute(Statement::DeleteWordsOfCategory(id.first));
-    touched_.goneCategories.insert(id.first);
-    touchedNow_.goneCategories.insert(id.first);
   }
 }
 

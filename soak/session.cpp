@@ -19,7 +19,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -46,18 +45,6 @@ void Fill(Connection& connection) {
                      "(7,5,0,'+精车'),(7,6,4,'Ａ１ ﷽ שלום'),(9,1,0,'淬火'),(9,2,0,'粗车'),"
                      "(9,3,0,'%1')")
           .arg(QString(300, u'长')));
-}
-
-template <class Row>
-QList<Row> Visible(const TreeView& tree, Row (*of)(const QModelIndex&)) {
-  QList<Row> rows;
-  const QRect viewport = tree.viewport()->rect();
-  for (QModelIndex index = tree.indexAt(QPoint(1, 1));
-       index.isValid() && tree.visualRect(index).top() < viewport.bottom();
-       index = tree.indexBelow(index)) {
-    rows += of(index);
-  }
-  return rows;
 }
 
 }  // namespace
@@ -132,7 +119,7 @@ std::optional<Session::Editing> Session::OpenEditing() {
 
 void Session::Act(int index) {
   random_.seed(seed_ * 1'000'003U + static_cast<quint32>(index));
-  dropsText_ = refused_ = deleted_ = faultArmed_ = false;
+  dropsText_ = refused_ = unread_ = deleted_ = faultArmed_ = false;
   touchedNow_ = {};
   edited_.clear();
   const Library before = StoredLibrary(*colleague_);
@@ -140,33 +127,20 @@ void Session::Act(int index) {
   std::printf("%d", index);
 
   using Doer = void (Session::*)();
-  static const QList<Doer> kActs = {&Session::Mouse,
-                                    &Session::Mouse,
-                                    &Session::Mouse,
-                                    &Session::Mouse,
-                                    &Session::Keys,
-                                    &Session::Keys,
-                                    &Session::Keys,
-                                    &Session::TypeText,
-                                    &Session::Paste,
-                                    &Session::Compose,
-                                    &Session::EditNode,
-                                    &Session::EditNode,
-                                    &Session::Menu,
-                                    &Session::Menu,
-                                    &Session::PopUp,
-                                    &Session::ToolBarButtonClicks,
-                                    &Session::Command,
-                                    &Session::Command,
-                                    &Session::OtherWindow,
-                                    &Session::OtherWindow,
-                                    &Session::Colleague,
-                                    &Session::Window,
-                                    &Session::FailingStatement,
-                                    &Session::PasteList,
-                                    &Session::CopyBranch,
-                                    &Session::NameAnother,
-                                    &Session::NameAnother,
+  static const QList<Doer> kActs = {&Session::Mouse,         &Session::Mouse,
+                                    &Session::Mouse,         &Session::Mouse,
+                                    &Session::Keys,          &Session::Keys,
+                                    &Session::Keys,          &Session::TypeText,
+                                    &Session::Paste,         &Session::Compose,
+                                    &Session::EditNode,      &Session::EditNode,
+                                    &Session::Menu,          &Session::Menu,
+                                    &Session::PopUp,         &Session::ToolBarButtonClicks,
+                                    &Session::Command,       &Session::Command,
+                                    &Session::OtherWindow,   &Session::OtherWindow,
+                                    &Session::Colleague,     &Session::Reload,
+                                    &Session::Window,        &Session::FailingStatement,
+                                    &Session::PasteList,     &Session::CopyBranch,
+                                    &Session::NameAnother,   &Session::NameAnother,
                                     &Session::CloseAndReopen};
   (this->*OneOf(kActs))();
   Settle();
@@ -266,6 +240,10 @@ void Session::AnswerBox(QDialog& dialog) {
   if (text.startsWith(QStringLiteral("有相同名称")) || text.contains(QStringLiteral("不能为空"))) {
     refused_ = true;
   }
+  if (text.startsWith(QStringLiteral("没有能重新读入"))) {
+    if (!faultArmed_) EndBehind(text);
+    unread_ = true;
+  }
   if (OneIn(6)) {
     otherWindow_->activateWindow();
     QApplication::processEvents();
@@ -281,68 +259,4 @@ void Session::AnswerBox(QDialog& dialog) {
     dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
   }
   if (OneIn(2)) QTimer::singleShot(0, window_.get(), &QWidget::activateWindow);
-}
-
-// ---- points of the window
-
-QPoint Session::Middle(const QString& name, QPoint offset) {
-  const auto* widget = window_->findChild<QWidget*>(name);
-  return widget->mapTo(window_.get(), widget->rect().center() + offset);
-}
-
-std::pair<QPoint, QString> Session::Place() {
-  const auto inTree = [this](QPoint point) {
-    return tree_->viewport()->mapTo(window_.get(), point);
-  };
-  const QList<QModelIndex> rows =
-      Visible<QModelIndex>(*tree_, [](const QModelIndex& index) { return index; });
-  const Node* node = rows.isEmpty() ? nullptr : tree_->Nodes().NodeAt(OneOf(rows));
-  const int kind = Below(20);
-  if (node != nullptr && kind < 10) {
-    const QString name = node->Text().left(12);
-    const QRect label = tree_->LabelRect(*node);
-    const int row = label.center().y();
-    const int right = tree_->viewport()->width() - 4;
-    if (kind < 6) {
-      return {inTree({std::min(label.left() + 6, right), row}), QStringLiteral("label ") + name};
-    }
-    if (kind == 6) return {inTree({label.left() - 10, row}), QStringLiteral("picture ") + name};
-    if (kind < 9) return {inTree({label.left() - 29, row}), QStringLiteral("box ") + name};
-    return {inTree({right, row}), QStringLiteral("right of ") + name};
-  }
-  static const QStringList kPanes = {
-      QStringLiteral("picTreeContain"), QStringLiteral("picListContain"),
-      QStringLiteral("Image1"),         QStringLiteral("Label1"),
-      QStringLiteral("cbStatusBar"),    QStringLiteral("sbStatusBar"),
-      QStringLiteral("tbToolBar"),      QStringLiteral("picForCBToolBar")};
-  switch (kind) {
-    case 10:
-      return {inTree({30, tree_->viewport()->height() - 4}), QStringLiteral("tree's lower edge")};
-    case 11:
-      if (const auto* editor = tree_->findChild<QLineEdit*>(QStringLiteral("txtLabel"))) {
-        return {editor->mapTo(window_.get(), editor->rect().center()), QStringLiteral("editor")};
-      }
-      [[fallthrough]];
-    case 12:
-      return {list_->mapTo(window_.get(), QPoint(30, 10 + Below(60))), QStringLiteral("list")};
-    case 13:
-      return {Middle(QStringLiteral("lvListView")), QStringLiteral("list's middle")};
-    case 14: {
-      QScrollBar* bar = OneIn(2) ? tree_->verticalScrollBar() : tree_->horizontalScrollBar();
-      if (bar->isVisible()) {
-        return {bar->mapTo(window_.get(), bar->rect().center()), QStringLiteral("scroll bar")};
-      }
-      [[fallthrough]];
-    }
-    case 15:
-      return {window_->findChild<QWidget*>(QStringLiteral("picTreeContain"))
-                  ->mapTo(window_.get(), QPoint(40, 8)),
-              QStringLiteral("caption bar")};
-    case 16:
-      return {Middle(QStringLiteral("picShowSplitter")), QStringLiteral("splitter")};
-    default: {
-      const QString& name = OneOf(kPanes);
-      return {Middle(name), name};
-    }
-  }
 }

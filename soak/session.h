@@ -45,6 +45,15 @@ class Session : public QObject {
     bool changed = false;
   };
 
+  // How the tree stands, the root as (0, 0): the selected node and those above it, the rows that
+  // can be scrolled to, which of them that have children are expanded, the scroll bars' values.
+  struct Standing {
+    QList<EntryId> selected;
+    QList<std::pair<EntryId, QString>> rows;
+    std::map<EntryId, bool> expanded;
+    QPoint scrolled;
+  };
+
   void OpenWindow();
   void Settle();
   void AnswerBox(QDialog& dialog);
@@ -65,6 +74,7 @@ class Session : public QObject {
   void Command();
   void OtherWindow();
   void Colleague();
+  void Reload();
   void FailingStatement();
   void Window();
   void CloseAndReopen();
@@ -83,6 +93,11 @@ class Session : public QObject {
   std::pair<QPoint, QString> Place();
   QPoint Middle(const QString& name, QPoint offset = {});
   EntryId IdOf(const Node& node) const;
+  EntryId IdOrRoot(const Node& node) const;
+  Standing Stands() const;
+  // Raises Fault unless the tree, which shows `shown`, stands as before as far as that exists, and
+  // the list shows the children of one of its nodes.
+  void CompareStanding(const Standing& before, const Library& shown);
   QString NastyText();
   // What is being composed with an input method.
   static QString Composed() { return QStringLiteral("组"); }
@@ -103,6 +118,7 @@ class Session : public QObject {
   // Of the act that is being done.
   bool dropsText_ = false;
   bool refused_ = false;
+  bool unread_ = false;
   bool deleted_ = false;
   std::optional<Editing> editing_;  // as last seen
   std::set<EntryId> edited_;        // all that were seen

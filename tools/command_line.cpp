@@ -8,7 +8,7 @@
 
 const char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
 
-建立、导入、导出和检查 ODBC 数据源中的词句库。
+建立、导入、导出、复制和检查 ODBC 数据源中的词句库。
 
 命令：
   new [文件]      为本人建立单机使用的词句库（SQLite）：文件、数据源、各表和示例；
@@ -20,12 +20,15 @@ const char kHelp[] = R"(用法：hcwordlib-admin [选项] 命令
                   文件写作 - 时读标准输入
   export [文件]   把词句库写成大纲文件；不给出文件时写到标准输出；
                   逐一指出没有上级而未导出的词、导入前须改的名称，退出状态为 1
+  copy --to 名称  把词句库连同所有编号复制到另一个数据源的空表中，没有表时先建立；
+                  两边逐行核对，有任何不同时什么也不复制
   check           检查整个词句库，逐一指出问题；有问题时退出状态为 1
 
 选项：
   --dsn 名称      数据源的名称（不给出时为 HCWordLib）
   --duplicates 方式  导入时如何对待重名：refuse 拒绝整个文件（不给出时）；
                   skip 不导入后一个及其下的词；number 在后一个的名称后加 2、3……
+  --to 名称       复制到的数据源的名称
   --empty         新建的词句库不含示例
   --repair        检查时在一个事务中修复能修复的，不丢失任何词：没有归属的词连同其下的词
                   移到分类条目“找回的词”，后一个重名的在名称后加 2、3……
@@ -54,8 +57,11 @@ struct CommandForm {
 };
 
 const CommandForm kCommands[] = {
-    {"new", 0, 1, {QStringLiteral("--empty")}},         {"init", 0, 0, {}},
-    {"import", 1, 1, {QStringLiteral("--duplicates")}}, {"export", 0, 1, {}},
+    {"new", 0, 1, {QStringLiteral("--empty")}},
+    {"init", 0, 0, {}},
+    {"import", 1, 1, {QStringLiteral("--duplicates")}},
+    {"export", 0, 1, {}},
+    {"copy", 0, 0, {QStringLiteral("--to")}},
     {"check", 0, 0, {QStringLiteral("--repair")}},
 };
 
@@ -83,7 +89,8 @@ struct Arguments {
 };
 
 Arguments TakeApart(const QStringList& arguments) {
-  static const QStringList kWithValue{QStringLiteral("--dsn"), QStringLiteral("--duplicates")};
+  static const QStringList kWithValue{QStringLiteral("--dsn"), QStringLiteral("--duplicates"),
+                                      QStringLiteral("--to")};
   static const QStringList kAlone{QStringLiteral("--empty"), QStringLiteral("--help"),
                                   QStringLiteral("--repair"), QStringLiteral("--version")};
   Arguments result;
@@ -150,6 +157,14 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
       result.repair = true;
     } else if (name == u"--duplicates") {
       result.duplicates = DuplicatesCalled(value);
+    } else if (name == u"--to") {
+      result.target = CheckedDsn(value);
+    }
+  }
+  if (result.command == u"copy") {
+    if (result.target.isEmpty()) throw UsageError(QStringLiteral("没有用 --to 给出目标数据源。"));
+    if (result.target.compare(result.dsn, Qt::CaseInsensitive) == 0) {
+      throw UsageError(QStringLiteral("不能把数据源“%1”复制到它自己。").arg(result.dsn));
     }
   }
   return result;

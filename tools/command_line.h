@@ -16,6 +16,7 @@ struct CommandLine {
   QString dsn = QStringLiteral("HCWordLib");
   QString command;  // one of those of kHelp
   QString file;     // empty when absent, "-" for standard input
+  QString target;   // the data source that is copied to
   Duplicates duplicates = Duplicates::kRefuse;
   bool isEmpty = false;
   bool repair = false;

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The HCWordLib authors
 // SPDX-License-Identifier: MIT
 
-// hcwordlib-admin: creates, fills, writes out and checks the library of a data source.
+// hcwordlib-admin: creates, fills, writes out, copies and checks the library of a data source.
 
 #include "command_line.h"
 #include "connection.h"
 #include "library_check.h"
+#include "library_copy.h"
 #include "library_tasks.h"
 #include "new_library.h"
 
@@ -78,6 +79,18 @@ int Export(Connection& connection, const QString& fileName) {
   return remarks.isEmpty() ? kSuccess : kFailure;
 }
 
+void Copy(Connection& source, const QString& targetDsn) {
+  source.Open();
+  Connection target;
+  target.SetConnectionString(QStringLiteral("DSN=") + targetDsn);
+  target.Open();
+  const Copied copied = CopyLibrary(source, target);
+  Print(QStringLiteral("已复制 %1 个分类条目、%2 个分类词，逐行核对相同。\n")
+            .arg(copied.categories)
+            .arg(copied.words),
+        stdout);
+}
+
 int Check(Connection& connection, bool repair) {
   connection.Open();
   Repaired repaired;
@@ -128,6 +141,8 @@ int Run(const QStringList& arguments) {
     CreateTables(connection);
   } else if (commandLine.command == QLatin1String("import")) {
     Import(connection, commandLine);
+  } else if (commandLine.command == QLatin1String("copy")) {
+    Copy(connection, commandLine.target);
   } else if (commandLine.command == QLatin1String("check")) {
     return Check(connection, commandLine.repair);
   } else {

@@ -47,6 +47,6 @@ begin
   end if;
   if found is null then
     signal sqlstate '23000' set
-      message_text = '分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。';
+      message_text = '分类条目或上级词刚刚被另一个用户删除，没有保存；按 F5 重新读入（或重新打开程序）后可以看到现在的词句库。';
   end if;
 end;

@@ -61,7 +61,7 @@ begin
     end if;
     if not found then
       raise exception using errcode = 'foreign_key_violation',
-        message = '分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。';
+        message = '分类条目或上级词刚刚被另一个用户删除，没有保存；按 F5 重新读入（或重新打开程序）后可以看到现在的词句库。';
     end if;
   end loop;
   return null;

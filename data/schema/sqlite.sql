@@ -43,5 +43,5 @@ when not exists (select 1 from Dictionary where GID = new.SortID)
   or new.FatherID <> 0
     and not exists (select 1 from Items where SortID = new.SortID and ID = new.FatherID)
 begin
-  select raise(abort, '分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。');
+  select raise(abort, '分类条目或上级词刚刚被另一个用户删除，没有保存；按 F5 重新读入（或重新打开程序）后可以看到现在的词句库。');
 end;

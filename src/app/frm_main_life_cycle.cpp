@@ -32,15 +32,6 @@ void SaveGeometrySetting(const char* key, float value) {
   SaveSetting(kAppName, kSection, QString::fromLatin1(key), SingleToText(value));
 }
 
-// For whoever looks after the database: which words could not be shown.
-void ReportSkippedWords(const QList<EditWordsFuncs::SkippedWord>& words) {
-  if (words.isEmpty()) return;
-  qCWarning(lcHCWordLib, "%lld 个词的上级不存在，未载入：", static_cast<long long>(words.size()));
-  for (const EditWordsFuncs::SkippedWord& word : words) {
-    qCWarning(lcHCWordLib, "  SortID=%d ID=%d FatherID=%d", word.DictID, word.ID, word.FatherID);
-  }
-}
-
 }  // namespace
 
 void frmMain::Form_Load() {
@@ -77,7 +68,17 @@ void frmMain::LoadWordLib() {
 
   OpenLibrary(TheConn());
   TheEditFuncs().LoadCategories(*tvTreeView);
-  ReportSkippedWords(TheEditFuncs().SkippedWords());
+  ReportSkippedWords();
+}
+
+// For whoever looks after the database: which words could not be shown.
+void frmMain::ReportSkippedWords() {
+  const QList<EditWordsFuncs::SkippedWord>& words = TheEditFuncs().SkippedWords();
+  if (words.isEmpty()) return;
+  qCWarning(lcHCWordLib, "%lld 个词的上级不存在，未载入：", static_cast<long long>(words.size()));
+  for (const EditWordsFuncs::SkippedWord& word : words) {
+    qCWarning(lcHCWordLib, "  SortID=%d ID=%d FatherID=%d", word.DictID, word.ID, word.FatherID);
+  }
 }
 
 // A name that is refused keeps the window open, with the editor on it.

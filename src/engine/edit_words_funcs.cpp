@@ -17,12 +17,28 @@
 #include <memory>
 #include <utility>
 
+namespace {
+
+void AppendNode(TreeNodes& nodes, EntryKey parentKey, EntryKey key, SharedText text, qint32 icon,
+                EntryTag tag) {
+  nodes.Add(parentKey, Relationship::kChild, key, std::move(text), icon).SetTag(tag);
+}
+
+void AppendCategory(TreeNodes& nodes, DictPrptys& records, EntryKey key, qint32 gid,
+                    qint32 position, const QString& sortName) {
+  AppendNode(nodes, kRootKey, key, sortName, kCategoryImage, kCategoryTag);
+  records.Add(gid, position, key, sortName, EntryTag(), key);
+}
+
+}  // namespace
+
 EditWordsFuncs::EditWordsFuncs(Connection& connection, WordTree& wordTree)
     : connection_(connection), wordTree_(wordTree) {}
 
 EntryKey EditWordsFuncs::AddNode(TreeView& TheTree, EntryKey ParentKey, const QString& NodeText,
                                  qint32 NodeIcon, EntryTag NodeTag, qint32 Visible) {
-  const EntryKey key = AppendNode(TheTree.Nodes(), ParentKey, NodeText, NodeIcon, NodeTag);
+  const EntryKey key = NextKey();
+  AppendNode(TheTree.Nodes(), ParentKey, key, NodeText, NodeIcon, NodeTag);
   if (Visible == 1) {
     Node& node = TheTree.Nodes().Item(key);
     TheTree.SetSelectedItem(node);
@@ -31,12 +47,9 @@ EntryKey EditWordsFuncs::AddNode(TreeView& TheTree, EntryKey ParentKey, const QS
   return key;
 }
 
-EntryKey EditWordsFuncs::AppendNode(TreeNodes& nodes, EntryKey parentKey, SharedText text,
-                                    qint32 icon, EntryTag tag) {
+EntryKey EditWordsFuncs::NextKey() {
   if (TreeCount == std::numeric_limits<qint32>::max()) throw Error(QStringLiteral("溢出"));
-  const EntryKey key = EntryKey::Numbered(TreeCount++);
-  nodes.Add(parentKey, Relationship::kChild, key, std::move(text), icon).SetTag(tag);
-  return key;
+  return EntryKey::Numbered(TreeCount++);
 }
 
 EntryKey EditWordsFuncs::AddListItem(ListView& TheList, const QString& NodeText, qint32 ListIcon,
@@ -67,9 +80,8 @@ bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
     const qint32 gid = TheTable.FieldInteger("GID");
     const qint32 position = TheTable.FieldInteger("Position");
     const QString sortName = TheTable.FieldText("SortName");
-    const EntryKey key =
-        AppendNode(TheTree.Nodes(), kRootKey, sortName, kCategoryImage, kCategoryTag);
-    wordTree_.colDictPrptys().Add(gid, position, key, sortName, EntryTag(), key);
+    const EntryKey key = NextKey();
+    AppendCategory(TheTree.Nodes(), wordTree_.colDictPrptys(), key, gid, position, sortName);
     TheTable.MoveNext();
     OpenFastAddWords(TheTree, key, 0, gid);
   }
@@ -78,32 +90,101 @@ bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
 
 bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qint32 /*ParentID*/,
                                       qint32 DictID) {
-  auto words = std::make_unique<Recordset>();
-  words->Open(Statement::SelectWords(DictID), connection_, CursorType::kKeyset,
-              LockType::kUnspecified, {"ID", "FatherID", "NodeName"});
-  if (words->IsEof()) return false;
-  words->MoveLast();
-  const qint32 count = words->RecordCount();
-  words->MoveFirst();
-  TreePrptys& records = wordTree_.colTreePrptys();
-  const size_t idColumn = words->ColumnOf("ID");
-  const size_t fatherIdColumn = words->ColumnOf("FatherID");
-  const size_t nodeNameColumn = words->ColumnOf("NodeName");
+  const std::vector<Word> words = ReadWords(DictID);
+  AddWords(TheTree.Nodes(), wordTree_.colTreePrptys(), ParentKey, DictID, words);
+  return !words.empty();
+}
+
+std::vector<EditWordsFuncs::Word> EditWordsFuncs::ReadWords(qint32 DictID) {
+  auto rows = std::make_unique<Recordset>();
+  rows->Open(Statement::SelectWords(DictID), connection_, CursorType::kKeyset,
+             LockType::kUnspecified, {"ID", "FatherID", "NodeName"});
+  std::vector<Word> words;
+  if (rows->IsEof()) return words;
+  rows->MoveLast();
+  const qint32 count = rows->RecordCount();
+  rows->MoveFirst();
+  const size_t idColumn = rows->ColumnOf("ID");
+  const size_t fatherIdColumn = rows->ColumnOf("FatherID");
+  const size_t nodeNameColumn = rows->ColumnOf("NodeName");
+  words.reserve(static_cast<size_t>(count));
   for (qint32 i = 0; i < count; ++i) {
-    const qint32 id = words->FieldInteger(idColumn);
-    const qint32 fatherId = words->FieldInteger(fatherIdColumn);
-    SharedText nodeName(words->FieldView(nodeNameColumn));
-    EntryKey parentKey = ParentKey;
-    if (fatherId == 0 || records.GetFatherKey(DictID, fatherId, parentKey)) {
-      const EntryKey key = AppendNode(TheTree.Nodes(), parentKey, nodeName, kWordImage, kWordTag);
-      records.Add(DictID, id, fatherId, std::move(nodeName), key, kWordTag, parentKey, key);
-    } else {
-      skippedWords_.append(SkippedWord{DictID, id, fatherId});
-    }
-    words->MoveNext();
+    words.push_back({rows->FieldInteger(idColumn), rows->FieldInteger(fatherIdColumn),
+                     SharedText(rows->FieldView(nodeNameColumn))});
+    rows->MoveNext();
   }
-  CloseRecordset(words);
-  return true;
+  CloseRecordset(rows);
+  return words;
+}
+
+void EditWordsFuncs::AddWords(TreeNodes& nodes, TreePrptys& records, EntryKey categoryKey,
+                              qint32 DictID, const std::vector<Word>& words, TreePrptys* before) {
+  for (const Word& word : words) {
+    EntryKey parentKey = categoryKey;
+    if (word.fatherId != 0 && !records.GetFatherKey(DictID, word.fatherId, parentKey)) {
+      skippedWords_.append(SkippedWord{DictID, word.id, word.fatherId});
+      continue;
+    }
+    EntryKey key;
+    if (before != nullptr && before->GetFatherKey(DictID, word.id, key)) {
+      before->Remove(key);
+    } else {
+      key = NextKey();
+    }
+    AppendNode(nodes, parentKey, key, word.name, kWordImage, kWordTag);
+    records.Add(DictID, word.id, word.fatherId, word.name, key, kWordTag, parentKey, key);
+  }
+}
+
+void EditWordsFuncs::ReloadCategories(TreeView& TheTree) {
+  struct Category {
+    qint32 gid;
+    qint32 position;
+    QString name;
+    std::vector<Word> words;
+  };
+  std::vector<Category> library;
+  auto rows = std::make_unique<Recordset>();
+  rows->Open(Statement::SelectCategories(), connection_, CursorType::kKeyset,
+             LockType::kUnspecified);
+  for (; !rows->IsEof(); rows->MoveNext()) {
+    library.push_back({rows->FieldInteger("GID"),
+                       rows->FieldInteger("Position"),
+                       rows->FieldText("SortName"),
+                       {}});
+  }
+  CloseRecordset(rows);
+  size_t count = library.size();
+  for (Category& category : library) {
+    category.words = ReadWords(category.gid);
+    count += category.words.size();
+  }
+  if (count > static_cast<size_t>(std::numeric_limits<qint32>::max() - TreeCount)) {
+    throw Error(QStringLiteral("溢出"));
+  }
+
+  // From here on nothing fails. The old entries go as the new ones come, so that both never take
+  // memory at the same time.
+  TreeNodes& nodes = TheTree.Nodes();
+  const TreeNodes::Loading loading(nodes);
+  nodes.Clear(nodes.Item(kRootKey));
+  skippedWords_.clear();
+  DictPrptys& categoriesBefore = wordTree_.colDictPrptys();
+  auto categories = std::make_unique<DictPrptys>();
+  auto words = std::make_unique<TreePrptys>();
+  for (Category& category : library) {
+    EntryKey key;
+    if (categoriesBefore.GetKey(category.gid, key)) {
+      categoriesBefore.Remove(key);
+    } else {
+      key = NextKey();
+    }
+    AppendCategory(nodes, *categories, key, category.gid, category.position, category.name);
+    AddWords(nodes, *words, key, category.gid, std::exchange(category.words, {}),
+             &wordTree_.colTreePrptys());
+  }
+  wordTree_.SetcolDictPrptys(std::move(categories));
+  wordTree_.SetcolTreePrptys(std::move(words));
 }
 
 QString EditWordsFuncs::TreeDictNewName() {

@@ -12,12 +12,14 @@
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 class Connection;
 class DataBaseFuncs;
 class ListView;
 class Recordset;
 class TreeNodes;
+class TreePrptys;
 class TreeView;
 class WordTree;
 
@@ -42,6 +44,11 @@ class EditWordsFuncs {
   // empty library leaves the tree as it is.
   void LoadCategories(TreeView& TheTree);
 
+  // Reads the library again and puts it in the place of all that is below the root. What is still
+  // stored keeps its key. All is read before anything changes, so that nothing has when reading
+  // fails. Afterwards all nodes are collapsed and none is selected.
+  void ReloadCategories(TreeView& TheTree);
+
   // Loads the categories of TheTable, a record set over Dictionary, with their words, in the order
   // of its rows. False when it has none. TheTable stays open. Afterwards all nodes are collapsed
   // and none is selected.
@@ -51,7 +58,7 @@ class EditWordsFuncs {
   // none. ParentID is not used.
   bool OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qint32 ParentID, qint32 DictID);
 
-  // The words that were not loaded because no word read before them is their parent.
+  // The words that the last load left out because no word read before them is their parent.
   struct SkippedWord {
     qint32 DictID;
     qint32 ID;
@@ -78,10 +85,19 @@ class EditWordsFuncs {
   QString TreeWordNewName(qint32 DictID);
 
  private:
-  // Adds a node as the last child of the node keyed parentKey and returns its key.
-  EntryKey AppendNode(TreeNodes& nodes, EntryKey parentKey, SharedText text, qint32 icon,
-                      EntryTag tag);
+  // A row of Items.
+  struct Word {
+    qint32 id;
+    qint32 fatherId;
+    SharedText name;
+  };
+  std::vector<Word> ReadWords(qint32 DictID);
+  // Adds the words of the category DictID, in the order of their numbers, under its node. Where
+  // they had records before, which `before` holds, their keys are taken over from there.
+  void AddWords(TreeNodes& nodes, TreePrptys& records, EntryKey categoryKey, qint32 DictID,
+                const std::vector<Word>& words, TreePrptys* before = nullptr);
   void AddPasted(TreeNodes& nodes, EntryKey categoryKey, const PasteStore::Category& category);
+  EntryKey NextKey();
   QString FreeName(const QString& statement, const QString& base,
                    QString (*criterion)(const QString&));
 

@@ -30,7 +30,7 @@ EditWordsFuncs::Pasted EditWordsFuncs::Paste(TreeView& TheTree, EntryKey ParentK
     EntryKey key;
     const TreeNodes::Adding adding(nodes, nodes.Item(kRootKey), category.position ? 1 : 0);
     if (category.position) {
-      key = AppendNode(nodes, kRootKey, category.name, kCategoryImage, kCategoryTag);
+      key = AddNode(TheTree, kRootKey, category.name, kCategoryImage, kCategoryTag);
       wordTree_.colDictPrptys().Add(category.gid, *category.position, key, category.name,
                                     EntryTag(), key);
       ++pasted.categories;
@@ -49,7 +49,7 @@ void EditWordsFuncs::AddPasted(TreeNodes& nodes, EntryKey categoryKey,
   struct Group {
     qint32 fatherId;  // of the words that hang on what was there
     int count;        // of those
-    std::vector<const PasteStore::Word*> words;
+    std::vector<Word> words;
   };
   std::vector<Group> groups;
   QHash<qint32, size_t> groupOf;  // of the words below a word
@@ -60,23 +60,15 @@ void EditWordsFuncs::AddPasted(TreeNodes& nodes, EntryKey categoryKey,
     }
     const size_t group = groupOf.value(word.fatherId);
     groupOf.insert(word.id, group);
-    groups[group].words.push_back(&word);
+    groups[group].words.push_back({word.id, word.fatherId, SharedText(word.name)});
     if (word.fatherId == groups[group].fatherId) ++groups[group].count;
   }
 
   TreePrptys& records = wordTree_.colTreePrptys();
   for (const Group& group : groups) {
-    EntryKey topKey = categoryKey;
-    if (group.fatherId != 0) records.GetFatherKey(category.gid, group.fatherId, topKey);
-    const TreeNodes::Adding adding(nodes, nodes.Item(topKey), group.count);
-    for (const PasteStore::Word* const word : group.words) {
-      EntryKey parentKey = topKey;
-      if (word->fatherId != group.fatherId) {
-        records.GetFatherKey(category.gid, word->fatherId, parentKey);
-      }
-      const SharedText name(word->name);
-      const EntryKey key = AppendNode(nodes, parentKey, name, kWordImage, kWordTag);
-      records.Add(category.gid, word->id, word->fatherId, name, key, kWordTag, parentKey, key);
-    }
+    EntryKey key = categoryKey;
+    if (group.fatherId != 0) records.GetFatherKey(category.gid, group.fatherId, key);
+    const TreeNodes::Adding adding(nodes, nodes.Item(key), group.count);
+    AddWords(nodes, records, categoryKey, category.gid, group.words);
   }
 }

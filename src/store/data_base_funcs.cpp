@@ -75,7 +75,8 @@ bool DataBaseFuncs::AddItem(const QString& NodeName, qint32 DictID, qint32& RetI
     if (!error.IsDuplicateKey()) throw;
     throw DatabaseError(
         QStringLiteral(
-            "另一个用户刚刚在同一分类条目中加了词，新词没有保存；重新打开程序后可以再加。\n") +
+            "另一个用户刚刚在同一分类条目中加了词，新词没有保存；按 F5 重新读入（或重新打开程序）"
+            "后可以再加。\n") +
             error.Description(),
         error.SqlState(), error.NativeCode());
   }

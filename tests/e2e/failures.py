@@ -45,7 +45,7 @@ class Failures(desktop.WindowTest):
     def test_library_file_missing(self):
         self.library.unlink()
         text, status = self.end_with_message(self.start())
-        self.assertIn("connect failed", text)
+        self.assertRegex(text, "打不开数据源所写的数据库文件.*\nconnect failed")
         self.assertGreater(status, 0)
         self.assertFalse(self.library.exists())
 

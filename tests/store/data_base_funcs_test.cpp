@@ -119,7 +119,8 @@ TEST_P(DataBaseFuncsTest, NoWordIsStoredWithoutItsCategoryAndItsParent) {
     return refused([&] { others.AddItem(QStringLiteral("新加词"), category, id, parent); });
   };
   const QString why = QStringLiteral(
-      "分类条目或上级词刚刚被另一个用户删除，没有保存；重新打开程序后可以看到现在的词句库。");
+      "分类条目或上级词刚刚被另一个用户删除，没有保存；按 F5 "
+      "重新读入（或重新打开程序）后可以看到现在的词句库。");
   // What is being deleted is waited for, and then it is gone.
   const auto deleteAtOnce = [&](qint32 what, qint32 id, qint32 parent) {
     Transaction transaction(connection_, Transaction::Use::kWrite);

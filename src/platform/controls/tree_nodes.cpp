@@ -80,6 +80,12 @@ void TreeNodes::Remove(EntryKey key) {
   endRemoveRows();
 }
 
+void TreeNodes::Clear(Node& parent) {
+  const auto children = std::exchange(parent.children_, nullptr);
+  if (!children) return;
+  for (std::unique_ptr<Node>& child : *children) Forget(std::move(child));
+}
+
 void TreeNodes::SetText(Node& node, const QString& text) {
   node.text_ = text;
   const QModelIndex index = IndexOf(&node);

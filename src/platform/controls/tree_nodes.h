@@ -71,8 +71,8 @@ class TreeNodes : public QAbstractItemModel {
   Node& Add(EntryKey relative, Relationship relationship, EntryKey key, SharedText text, int image);
 
   // While it exists, added nodes are not announced one by one, which would take longer than all
-  // else that is done for them, and none is removed. At its end the views start anew: all is
-  // collapsed, nothing selected.
+  // else that is done for them, and none is removed but by Clear. At its end the views start anew:
+  // all is collapsed, nothing selected.
   class Loading {
    public:
     explicit Loading(TreeNodes& nodes);
@@ -107,6 +107,9 @@ class TreeNodes : public QAbstractItemModel {
 
   // Removes the node with its whole subtree. An Error when there is none.
   void Remove(EntryKey key);
+
+  // Removes all nodes below `parent`, while Loading only.
+  void Clear(Node& parent);
 
   void SetText(Node& node, const QString& text);
 

@@ -46,6 +46,7 @@ TreeView::TreeView(QWidget* parent)
   header()->setResizeContentsPrecision(0);  // measures what is in the viewport only
   setIndentation(kLeastIndentation);
 
+  connect(&nodes_, &QAbstractItemModel::modelAboutToBeReset, this, &TreeView::LetGo);
   connect(this, &QTreeView::expanded, this, [this] { FitColumn(true); });
   connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
     FitColumn(true);
@@ -116,10 +117,14 @@ void TreeView::RemoveNode(EntryKey key) {
   nodes_.Remove(key);
 }
 
-void TreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
+void TreeView::LetGo() {
   labelEditing_->Disarm();
   dropHighlight_ = nullptr;
   CancelLabelEdit();
+}
+
+void TreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
+  LetGo();
   QTreeView::rowsAboutToBeRemoved(parent, start, end);
 }
 

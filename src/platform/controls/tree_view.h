@@ -109,6 +109,8 @@ class TreeView : public QTreeView {
 
  private:
   Node* NodeUnder(const QPoint& position) const;
+  // Before nodes go.
+  void LetGo();
   void AskForContextMenu();
   void FitColumn(bool rowsChanged);
   void AllowInputMethod();

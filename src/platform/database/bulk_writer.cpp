@@ -21,7 +21,9 @@ constexpr qsizetype kMostTextUnits = 100'000;
 
 BulkWriter::BulkWriter(Connection& connection, const QString& table, const QString& columns)
     : connection_(connection),
-      insert_(QStringLiteral("insert into %1 (%2) values ").arg(table, columns)) {}
+      insert_(QStringLiteral("insert into %1 (%2) %3values ")
+                  .arg(table, columns,
+                       QLatin1String(DialectOf(connection.EngineName()).beforeGivenNumbers))) {}
 
 void BulkWriter::Add(const std::vector<FieldValue>& row) {
   QString text;

@@ -7,8 +7,9 @@
 
 #include <QString>
 
-// A failure of the database layer. The description is the driver's own; a failure that no driver
-// reported (a record set that is not open, an unknown column) has an empty SQLSTATE.
+// A failure of the database layer. The description is the driver's own, behind a line that says
+// what happened where FailureReason knows it; a failure that no driver reported (a record set that
+// is not open, an unknown column) has an empty SQLSTATE.
 class DatabaseError : public Error {
  public:
   DatabaseError(QString description, QString sqlState, int nativeCode);

@@ -15,7 +15,7 @@ constexpr const char* kMariaDbSession[] = {
 
 constexpr Dialect kSqlite = {{}, "begin", "begin immediate", "select last_insert_rowid()"};
 constexpr Dialect kPostgreSql = {kPostgreSqlSession, "begin isolation level repeatable read",
-                                 "begin", "select lastval()"};
+                                 "begin", "select lastval()", "overriding system value "};
 constexpr Dialect kMariaDb = {kMariaDbSession, "begin", "begin", "select last_insert_id()"};
 constexpr Dialect kGeneric = {{}, "begin", "begin", nullptr};
 

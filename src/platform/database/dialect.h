@@ -19,6 +19,9 @@ struct Dialect {
   // Asks for the number that the database gave to the row stored last on the same connection.
   // Null where none is known.
   const char* identityStatement;
+  // Stands before the values of an insert, so that numbers may be among them that the database
+  // would give itself.
+  const char* beforeGivenNumbers = "";
 };
 
 // The dialect of the engine that its driver calls `dbmsName`.

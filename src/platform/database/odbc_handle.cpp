@@ -4,6 +4,7 @@
 #include "odbc_handle.h"
 
 #include "database_error.h"
+#include "failure_reason.h"
 
 #include <QByteArray>
 #include <QRegularExpression>
@@ -17,14 +18,16 @@ namespace {
 constexpr SQLSMALLINT kMostRecords = 8;
 
 // What the engine itself says, without what drivers put around it: names in brackets, and
-// "ERROR: ...;\nError while executing the query" or the code in "... (19)".
+// "ERROR: ...;\nError while executing the query" or the code in "... (19)". What is indented for a
+// terminal begins at the margin.
 QString EngineText(const QString& message) {
   static const QRegularExpression kForm(
       QStringLiteral("\\A(?:\\[[^\\]]*\\])*\\s*(?:ERROR: )?(.*?)"
-                     "(?:;\\nError while executing the query| \\(\\d+\\))?\\s*\\z"),
+                     "(?:\\s*;\\n(?:Error while executing the query|The connection has been lost)|"
+                     " \\(\\d+\\))?\\s*\\z"),
       QRegularExpression::DotMatchesEverythingOption);
-  const QString text = kForm.match(message).captured(1);
-  return text.isEmpty() ? message : text;
+  QString text = kForm.match(message).captured(1);
+  return text.isEmpty() ? message : text.replace(QLatin1String("\n\t"), QLatin1String("\n"));
 }
 
 }  // namespace
@@ -44,6 +47,7 @@ OdbcHandle::~OdbcHandle() {
 
 void OdbcHandle::Fail() const {
   QStringList messages;
+  QString reason;
   QString sqlState;
   SQLINTEGER nativeCode = 0;
   for (SQLSMALLINT number = 1; number <= kMostRecords; ++number) {
@@ -55,14 +59,17 @@ void OdbcHandle::Fail() const {
             SQLGetDiagRec(type_, handle_, number, state, &code, text, sizeof text, &length))) {
       break;
     }
+    const QString driverText = QString::fromUtf8(reinterpret_cast<const char*>(text));
     if (number == 1) {
       sqlState = QString::fromLatin1(reinterpret_cast<const char*>(state));
       nativeCode = code;
+      reason = FailureReason(sqlState, nativeCode, driverText);
     }
-    const QString message = EngineText(QString::fromUtf8(reinterpret_cast<const char*>(text)));
+    const QString message = EngineText(driverText);
     if (message.isEmpty() || messages.contains(message)) break;
     messages += message;
   }
   if (messages.isEmpty()) messages += QStringLiteral("数据库驱动程序报告了一个没有说明的错误。");
+  if (!reason.isEmpty()) messages.prepend(reason);
   throw DatabaseError(messages.join(u'\n'), sqlState, nativeCode);
 }

@@ -17,6 +17,7 @@
 #include "shared_objects.h"
 #include "status_bar.h"
 #include "tree_view.h"
+#include "tree_view_state.h"
 #include "word_tree.h"
 
 #include <QAction>
@@ -35,14 +36,19 @@ void frmMain::tvTreeView_NodeClick() {
 void frmMain::ClearList() {
   lvListView->Items().Clear();
   TheWordTree().colListPrptys().Clear();
+  listed_.clear();
 }
 
 void frmMain::FillList() {
+  ListChildrenOf(*tvTreeView->SelectedItem());
+}
+
+void frmMain::ListChildrenOf(const Node& parent) {
   ClearList();
-  const Node* selected = tvTreeView->SelectedItem();
-  const bool categories = selected->Tag() == kRootTag;
+  listed_ = PathUp(parent);
+  const bool categories = parent.Tag() == kRootTag;
   ListPrptys& records = TheWordTree().colListPrptys();
-  for (const Node* child = selected->Child(); child != nullptr; child = child->Next()) {
+  for (const Node* child = parent.Child(); child != nullptr; child = child->Next()) {
     const EntryKey key = child->Key();
     TheEditFuncs().AddListItem(*lvListView, child->Text(), child->Image(), child->Tag(), key);
     if (categories) {

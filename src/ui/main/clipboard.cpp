@@ -84,13 +84,12 @@ void frmMain::PasteList() {
   }
   // The program goes on: what is shown is what is stored.
   qCWarning(lcHCWordLib, "%s", qUtf8Printable(pasted.failure->text));
-  const QString what = pasted.failure->line == 0
-                           ? QStringLiteral("没有能粘贴，词句库没有改动。")
-                           : QStringLiteral("第 %1 行没有能加入，粘贴到此为止。%2")
-                                 .arg(pasted.failure->line)
-                                 .arg(came);
-  MsgBox(this, what + u'\n' + pasted.failure->text, MsgBoxButtons::kOkOnly,
-         MsgBoxIcon::kInformation);
+  const LineRemark& failure = *pasted.failure;
+  const QString message =
+      failure.line == 0 ? QStringLiteral("没有能粘贴，词句库没有改动。\n") + failure.text
+                        : QStringLiteral("第 %1 行没有能加入，粘贴到此为止。\n%2\n前面的各行：%3")
+                              .arg(QString::number(failure.line), failure.text, came);
+  MsgBox(this, message, MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
 }
 
 // Beside the label, so that what has come in below it is in sight.

@@ -241,6 +241,11 @@ void frmMain::ConnectEvents() {
   connect(picTreeContain, &PictureBox::MouseLeave, this,
           Guarded([this] { DrawSortBar(*picTreeContain); }));
 
+  // Wherever in the window the focus is, in an open editor too.
+  auto* const reload = new QShortcut(Qt::Key_F5, this);
+  reload->setAutoRepeat(false);
+  connect(reload, &QShortcut::activated, this, Guarded([this] { ReloadWordLib(); }));
+
   // The views themselves copy a name.
   const auto onKeys = [this](QWidget* control, const QKeySequence& keys, const auto& handler) {
     auto* const shortcut = new QShortcut(keys, control);

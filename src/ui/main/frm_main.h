@@ -11,6 +11,7 @@
 #include <QMainWindow>
 
 #include <optional>
+#include <vector>
 
 class BandContainer;
 class ListView;
@@ -55,6 +56,7 @@ class frmMain : public QMainWindow {
   void CheckGUIDGen();
   void InitForm();
   void LoadWordLib();
+  void ReportSkippedWords();
   void Form_QueryUnload();
   void Form_Unload();
 
@@ -76,7 +78,13 @@ class frmMain : public QMainWindow {
   void Refuse(const QString& name, const QString& why);
   bool IsTaken(const QString& name, EntryKey key) const;
   void FillList();
+  void ListChildrenOf(const Node& parent);
   void ShowPopMnu(const QPoint& position);
+
+  // Reads the library again, unless the name in an open editor is refused. What the window shows
+  // stays as far as it is still stored; all of it stays when the library cannot be read.
+  void ReloadWordLib();
+  void RelistChildren();
 
   // Editing commands. Sel is 1 when the selected node is a category, 2 when it is a word.
   void mnuEditNewItem_Click();
@@ -164,6 +172,10 @@ class frmMain : public QMainWindow {
   // The tree pane's width when the window was too small and asked to grow: what it has again in the
   // size that the window gets then.
   std::optional<float> treeWidthToKeep_;
+
+  // The node whose children the list shows and those above it, from the node up; empty when the
+  // list shows no node's.
+  std::vector<EntryKey> listed_;
 
   // The right button was the last one pressed on the tree: node clicks do not refill the list.
   bool RightButtonDown = false;

@@ -28,6 +28,17 @@ class RecordsetTest : public EngineTest {
     set.Update();
   }
 
+  // How the connecting or the first statement that fails does; an empty description when none.
+  DatabaseError Raised(std::initializer_list<const char*> statements) {
+    try {
+      if (!connection_.IsOpen()) connection_.Open();
+      for (const char* statement : statements) connection_.Execute(QString::fromUtf8(statement));
+    } catch (const DatabaseError& error) {
+      return error;
+    }
+    return DatabaseError(QString());
+  }
+
   std::string StoredNames() { return Rows(QLatin1String(kWords), {"NodeName"}, connection_); }
 
   static constexpr char kWords[] = "select * from Items where  SortID=1 order by ID";
@@ -141,27 +152,48 @@ TEST_P(RecordsetTest, LongTextsComeBackWholeOrAreRefused) {
 }
 
 TEST_P(RecordsetTest, ErrorsSayWhatTheDriverSays) {
-  const auto raised = [](Connection& connection, const char* statement) {
-    try {
-      connection.Execute(QString::fromUtf8(statement));
-    } catch (const DatabaseError& error) {
-      return error;
-    }
-    return DatabaseError(QString());
-  };
   const char insert[] = "insert into Dictionary (GID,SortName,Position) values (1,'钻削',1)";
-  EXPECT_EQ(raised(connection_, insert).Description(), "");
-  const DatabaseError duplicate = raised(connection_, insert);
+  EXPECT_EQ(Raised({insert}).Description(), "");
+  const DatabaseError duplicate = Raised({insert});
   EXPECT_TRUE(duplicate.IsDuplicateKey());
   EXPECT_FALSE(duplicate.Description().startsWith(u'['));
   EXPECT_EQ(Categories(connection_), "1|钻削|1\n");
-  const DatabaseError missing = raised(connection_, "delete * from 没有的表");
+  const DatabaseError missing = Raised({"delete * from 没有的表"});
   EXPECT_FALSE(missing.IsDuplicateKey() || missing.IsRowRefused());
   EXPECT_TRUE(missing.Description().contains(QStringLiteral("没有的表")));
   connection_.Close();
-  EXPECT_EQ(raised(connection_, insert).Description(), QStringLiteral("对象关闭时，不允许操作。"));
+  EXPECT_THROW(connection_.Execute(QString::fromUtf8(insert)), DatabaseError);
+}
+
+// A line in Chinese stands before what the driver says.
+TEST_P(RecordsetTest, FailuresOfTheDatabaseAreToldApart) {
+  const bool isSqlite = GetParam().name == std::string("sqlite");
+  const bool isMariaDb = GetParam().name == std::string("mariadb");
+  const auto expect = [this](const char* beginning, std::initializer_list<const char*> statements) {
+    const QStringList lines = Raised(statements).Description().split(u'\n');
+    EXPECT_TRUE(lines.size() > 1 && lines[0].startsWith(QString::fromUtf8(beginning)))
+        << beginning << " - " << qPrintable(lines.join(u'\n'));
+  };
+  expect("数据库中没有词句库的表；", {"delete from NoSuchTable"});
+  expect("数据库是只读的，", {isSqlite    ? "pragma query_only=1"
+                              : isMariaDb ? "set session transaction read only"
+                                          : "set default_transaction_read_only=on",
+                              "delete from Items"});
+  if (isSqlite) {
+    expect("数据库所在的磁盘已满，",
+           {"pragma query_only=0", "pragma max_page_count=1",
+            "with recursive n(i) as (select 1 union all select i+1 from n where i<9999)"
+            "insert into Dictionary select i,printf('%.4000c','x'),i from n"});
+  } else {
+    Raised({isMariaDb ? "kill connection connection_id()"
+                      : "do 'begin perform pg_terminate_backend(pg_backend_pid()); end'"});
+    expect("与数据库服务器的连接断开了；", {"delete from Items"});
+  }
+  connection_.Close();
+  connection_.SetConnectionString(ConnectionStringOf(GetParam()) + QStringLiteral(";DATABASE=/no"));
+  expect(isSqlite ? "打不开数据源所写的数据库文件" : "服务器上没有数据源所写的数据库", {});
   connection_.SetConnectionString(QStringLiteral("DSN=没有的数据源"));
-  EXPECT_THROW(connection_.Open(), DatabaseError);
+  expect("没有这个数据源", {});
 }
 
 // Far more text than a statement takes, and rows for several.
