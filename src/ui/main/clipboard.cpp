@@ -7,6 +7,7 @@
 #include "busy_pointer.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
+#include "event_guard.h"
 #include "list_view.h"
 #include "log.h"
 #include "message_box.h"
@@ -62,9 +63,22 @@ void frmMain::CopyListedBranch() {
 
 void frmMain::PasteList() {
   if (!tvTreeView->EndLabelEdit()) return;
-  auto busy = std::make_optional<BusyPointer>();
+  const BusyPointer busy;
   const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
-  const Outline outline = data == nullptr ? Outline() : OutlineIn(*data);
+  Paste(data == nullptr ? Outline() : OutlineIn(*data));
+}
+
+// The program where the text comes from waits for the end of this.
+void frmMain::tvTreeView_Dropped(Node& node, const QMimeData& data) {
+  if (!tvTreeView->EndLabelEdit()) return;
+  tvTreeView->SetSelectedItem(node);
+  tvTreeView_NodeClick();
+  const auto paste = [this, outline = OutlineIn(data)] { Paste(outline); };
+  QMetaObject::invokeMethod(this, Guarded(paste), Qt::QueuedConnection);
+}
+
+void frmMain::Paste(const Outline& outline) {
+  auto busy = std::make_optional<BusyPointer>();
   Node& target = *tvTreeView->SelectedItem();
   if (outline.categories.empty()) {
     TellAt(target, QStringLiteral("剪贴板中没有可以粘贴的文字。"));

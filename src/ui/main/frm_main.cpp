@@ -10,6 +10,7 @@
 #include "list_view.h"
 #include "picture_box.h"
 #include "status_bar.h"
+#include "text_drop.h"
 #include "tool_bar.h"
 #include "tree_view.h"
 #include "vertical_label.h"
@@ -246,6 +247,8 @@ void frmMain::ConnectEvents() {
   reload->setAutoRepeat(false);
   connect(reload, &QShortcut::activated, this, Guarded([this] { ReloadWordLib(); }));
 
+  connect(new TextDrop(*tvTreeView), &TextDrop::Dropped, this,
+          Guarded([this](Node* node, const QMimeData& data) { tvTreeView_Dropped(*node, data); }));
   // The views themselves copy a name.
   const auto onKeys = [this](QWidget* control, const QKeySequence& keys, const auto& handler) {
     auto* const shortcut = new QShortcut(keys, control);
