@@ -7,6 +7,7 @@
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "error.h"
+#include "find_work.h"
 #include "frm_main.h"
 #include "library.h"
 #include "list_view.h"
@@ -78,6 +79,7 @@ class WindowWork {
  public:
   WindowWork(TimedApplication& application, const WorkCategories& categories, Report& report);
 
+  void Find() { MeasureFind(tree_, report_); }
   void Handlers();
   void Click();
   void NewWord();
@@ -202,6 +204,15 @@ void WindowWork::NewWord() {
 void WindowWork::DeleteCategory() {
   report_.Add(QStringLiteral("delete of a category with 20,000 words"),
               Delete(Category(categories_.doomed)), 500, QStringLiteral("ms"));
+  report_.Add(QStringLiteral("taking that back"), MillisecondsOf([&] {
+                QTest::keyClick(&tree_, Qt::Key_Z, Qt::ControlModifier);
+                Settle();
+              }),
+              1000, QStringLiteral("ms"));
+  if (Category(categories_.doomed).Children() != kDoomedWords) {
+    throw Error(QStringLiteral("not taken back"));
+  }
+  Delete(Category(categories_.doomed));
 }
 
 void WindowWork::DeleteNestedWords() {
@@ -378,6 +389,7 @@ void MeasureWindowWork(int argc, char** argv, const WorkCategories& categories, 
     work.DeleteNestedWords();
     work.DefaultName();
     work.Rename();
+    work.Find();
     work.Paste();
   }
   MeasureReload(categories.defaults, report);

@@ -22,6 +22,7 @@ LAYERS = [
     "engine",
     "model store",
     "controls database components settings windows registry artwork artwork_objects",
+    "text",
     "base",
 ]
 # What the window asks of the library goes through store and engine.

@@ -76,7 +76,7 @@ void Session::Keys() {
   for (int count = 1 + Below(3); count > 0; --count) {
     const Qt::Key key = OneOf(kKeys);
     const Qt::KeyboardModifiers modifiers = OneOf(kModifiers);
-    Tell(QStringLiteral("key %1+%2").arg(modifiers).arg(key, 0, 16));
+    Tell(QStringLiteral("key %1+%2").arg(modifiers.toInt()).arg(key, 0, 16));
     Key(key, modifiers);
     Settle();
     if (!editing_ || OpenEditing()) editing_ = OpenEditing();

@@ -119,7 +119,7 @@ std::optional<Session::Editing> Session::OpenEditing() {
 
 void Session::Act(int index) {
   random_.seed(seed_ * 1'000'003U + static_cast<quint32>(index));
-  dropsText_ = refused_ = unread_ = deleted_ = faultArmed_ = false;
+  dropsText_ = refused_ = unread_ = notTakenBack_ = deleted_ = faultArmed_ = false;
   touchedNow_ = {};
   edited_.clear();
   const Library before = StoredLibrary(*colleague_);
@@ -127,22 +127,35 @@ void Session::Act(int index) {
   std::printf("%d", index);
 
   using Doer = void (Session::*)();
-  static const QList<Doer> kActs = {&Session::Mouse,         &Session::Mouse,
-                                    &Session::Mouse,         &Session::Mouse,
-                                    &Session::Keys,          &Session::Keys,
-                                    &Session::Keys,          &Session::TypeText,
-                                    &Session::Paste,         &Session::Compose,
-                                    &Session::EditNode,      &Session::EditNode,
-                                    &Session::Menu,          &Session::Menu,
-                                    &Session::PopUp,         &Session::ToolBarButtonClicks,
-                                    &Session::Command,       &Session::Command,
-                                    &Session::OtherWindow,   &Session::OtherWindow,
-                                    &Session::Colleague,     &Session::Reload,
-                                    &Session::Window,        &Session::FailingStatement,
-                                    &Session::PasteList,     &Session::CopyBranch,
-                                    &Session::NameAnother,   &Session::NameAnother,
-                                    &Session::CloseAndReopen};
-  (this->*OneOf(kActs))();
+  static const QList<std::pair<int, Doer>> kActs = {
+      {4, &Session::Mouse},
+      {3, &Session::Keys},
+      {1, &Session::TypeText},
+      {1, &Session::Paste},
+      {1, &Session::Compose},
+      {2, &Session::EditNode},
+      {1, &Session::Find},
+      {2, &Session::Menu},
+      {1, &Session::PopUp},
+      {1, &Session::ToolBarButtonClicks},
+      {2, &Session::Command},
+      {2, &Session::OtherWindow},
+      {1, &Session::Colleague},
+      {1, &Session::Reload},
+      {2, &Session::TakeBack},
+      {1, &Session::Window},
+      {1, &Session::FailingStatement},
+      {1, &Session::PasteList},
+      {1, &Session::CopyBranch},
+      {2, &Session::NameAnother},
+      {1, &Session::CloseAndReopen},
+  };
+  static const QList<Doer> kByWeight = [] {
+    QList<Doer> acts;
+    for (const auto& [weight, act] : kActs) acts += QList<Doer>(weight, act);
+    return acts;
+  }();
+  (this->*OneOf(kByWeight))();
   Settle();
   // A click waits for a second one before it opens the editor.
   if (OneIn(4)) QTest::qWait(QApplication::doubleClickInterval() + 3);
@@ -243,6 +256,10 @@ void Session::AnswerBox(QDialog& dialog) {
   if (text.startsWith(QStringLiteral("没有能重新读入"))) {
     if (!faultArmed_) EndBehind(text);
     unread_ = true;
+  }
+  if (text.contains(QStringLiteral("没有能恢复")) || text.contains(QStringLiteral("没有恢复"))) {
+    if (text.contains(QStringLiteral("没有能恢复")) && !faultArmed_) EndBehind(text);
+    notTakenBack_ = true;
   }
   if (OneIn(6)) {
     otherWindow_->activateWindow();

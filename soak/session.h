@@ -68,6 +68,8 @@ class Session : public QObject {
   void Paste();
   void Compose();
   void EditNode();
+  void Find();
+  void AuditFound(const QWidget& field);
   void Menu();
   void PopUp();
   void ToolBarButtonClicks();
@@ -75,6 +77,7 @@ class Session : public QObject {
   void OtherWindow();
   void Colleague();
   void Reload();
+  void TakeBack();
   void FailingStatement();
   void Window();
   void CloseAndReopen();
@@ -119,6 +122,7 @@ class Session : public QObject {
   bool dropsText_ = false;
   bool refused_ = false;
   bool unread_ = false;
+  bool notTakenBack_ = false;
   bool deleted_ = false;
   std::optional<Editing> editing_;  // as last seen
   std::set<EntryId> edited_;        // all that were seen

@@ -8,13 +8,10 @@
 
 #include <QStringList>
 
-// What `hcwordlib-admin --help` prints.
-extern const char kHelp[];
-
 // What the arguments ask for; what the command does not take keeps its default.
 struct CommandLine {
   QString dsn = QStringLiteral("HCWordLib");
-  QString command;  // one of those of kHelp
+  QString command;  // one of those that --help tells
   QString file;     // empty when absent, "-" for standard input
   QString target;   // the data source that is copied to
   Duplicates duplicates = Duplicates::kRefuse;

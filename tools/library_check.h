@@ -22,7 +22,7 @@ struct Repaired {
   Checked left;  // the library afterwards
 };
 
-// Mends what can be mended, in one transaction in which nobody else writes; on MariaDB, which
-// cannot have them in a transaction, triggers, indexes and storage engines come before it. Raises
-// Error, the library being as it was, when anything is refused, or when a word would be lost.
+// Mends what can be mended, in one transaction in which nobody else writes. Raises Error, the
+// library being as it was, when anything is refused, or when a word would be lost. MariaDB cannot
+// have triggers, indexes and storage engines in a transaction: there they come first, and stay.
 Repaired RepairLibrary(Connection& connection);

@@ -8,7 +8,6 @@
 #include "recordset.h"
 #include "schema.h"
 
-#include <QHash>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -71,19 +70,29 @@ const Catalogue& CatalogueOf(const Connection& connection) {
   throw Error(QStringLiteral("不能检查数据库引擎“%1”中的词句库。").arg(connection.EngineName()));
 }
 
-// The rows of a catalogue's question by their name, in lower case, to the text without its line
-// breaks.
-QHash<QString, QString> Answer(const char* question, Connection& connection) {
-  QHash<QString, QString> answer;
+struct CatalogueRow {
+  QString name, text;  // the text without line breaks
+};
+using CatalogueRows = std::vector<CatalogueRow>;
+
+CatalogueRows Answer(const char* question, Connection& connection) {
+  CatalogueRows answer;
   if (question == nullptr) return answer;
   Recordset rows;
   rows.Open(QString::fromUtf8(question), connection);
   const bool hasText = QByteArrayView(question).contains("as text");
   for (; !rows.IsEof(); rows.MoveNext()) {
-    answer.insert(rows.FieldText("name").toLower(),
-                  hasText ? rows.FieldText("text").simplified() : QString());
+    answer.push_back(
+        {rows.FieldText("name"), hasText ? rows.FieldText("text").simplified() : QString()});
   }
   return answer;
+}
+
+// Engines keep names in the case that they were given in, or in lower case.
+auto Find(const CatalogueRows& rows, const QString& name) {
+  return std::find_if(rows.begin(), rows.end(), [&](const CatalogueRow& row) {
+    return row.name.compare(name, Qt::CaseInsensitive) == 0;
+  });
 }
 
 // "create trigger T ... on Table" taken apart, with the kind trigger, function, index or table.
@@ -116,7 +125,7 @@ bool MaySeeTriggers(Connection& connection) {
   return !rows.IsEof();
 }
 
-void ExamineTriggers(const QHash<QString, QString>& there, const std::vector<Creation>& creations,
+void ExamineTriggers(const CatalogueRows& there, const std::vector<Creation>& creations,
                      bool isPostgreSql, Structure& structure) {
   const qsizetype before = static_cast<qsizetype>(structure.faults.size());
   QStringList statements;
@@ -129,15 +138,15 @@ void ExamineTriggers(const QHash<QString, QString>& there, const std::vector<Cre
     }
     statements += creation.statement;
     if (!isTrigger) continue;
-    const auto found = there.constFind(creation.name.toLower());
-    if (found == there.constEnd()) {
+    const auto found = Find(there, creation.name);
+    if (found == there.end()) {
       structure.faults.push_back(
           {QStringLiteral("触发器 %1 不存在").arg(creation.name), QStringLiteral("建立")});
       continue;
     }
     const bool isOurs = std::any_of(creations.begin(), creations.end(), [&](const Creation& each) {
       return each.name == creation.name &&
-             each.statement.simplified().contains(*found, Qt::CaseInsensitive);
+             each.statement.simplified().contains(found->text, Qt::CaseInsensitive);
     });
     if (!isOurs) {
       structure.faults.push_back({QStringLiteral("触发器 %1 与本版本的不同").arg(creation.name),
@@ -153,15 +162,14 @@ Structure ExamineStructure(Connection& connection) {
   const Catalogue& catalogue = CatalogueOf(connection);
   const std::vector<Creation> creations = CreationsOf(connection);
   Structure structure;
-  const auto tables = Answer(catalogue.tables, connection);
-  for (const auto& [name, engine] : tables.asKeyValueRange()) {
+  for (const auto& [name, engine] : Answer(catalogue.tables, connection)) {
     structure.faults.push_back({QStringLiteral("表 %1 的存储引擎 %2 没有事务").arg(name, engine),
                                 QStringLiteral("改为 InnoDB")});
     structure.statements += QStringLiteral("alter table %1 engine=InnoDB").arg(name);
   }
-  const auto indexes = Answer(catalogue.indexes, connection);
+  const CatalogueRows indexes = Answer(catalogue.indexes, connection);
   for (const Creation& creation : creations) {
-    if (creation.kind != u"index" || indexes.contains(creation.name.toLower())) continue;
+    if (creation.kind != u"index" || Find(indexes, creation.name) != indexes.end()) continue;
     structure.faults.push_back(
         {QStringLiteral("索引 %1 不存在").arg(creation.name), QStringLiteral("建立")});
     structure.statements += creation.statement;
@@ -173,9 +181,8 @@ Structure ExamineStructure(Connection& connection) {
     structure.faults.push_back(
         {QStringLiteral("帐号没有 TRIGGER 权限，看不到触发器，请换有此权限的帐号检查"), QString()});
   }
-  const auto encodings = Answer(catalogue.encodings, connection);
-  for (const auto& [name, encoding] : encodings.asKeyValueRange()) {
-    structure.faults.push_back({QStringLiteral("%1的字符编码 %2 不能保存所有汉字，请用 "
+  for (const auto& [name, encoding] : Answer(catalogue.encodings, connection)) {
+    structure.faults.push_back({QStringLiteral("%1：字符编码 %2 不能保存所有汉字，请用 "
                                                "hcwordlib-admin copy 复制到新的数据库")
                                     .arg(name, encoding),
                                 QString()});

@@ -122,7 +122,7 @@ int Check(Connection& connection, bool repair) {
 int Run(const QStringList& arguments) {
   const CommandLine commandLine = ParseCommandLine(arguments);
   if (commandLine.wantsHelp) {
-    std::fputs(kHelp, stdout);
+    std::fputs(ReadFile(QStringLiteral(":/help/hcwordlib-admin.txt")).constData(), stdout);
     return kSuccess;
   }
   if (commandLine.wantsVersion) {

@@ -36,8 +36,8 @@ struct Room {
 
 // Tells what is wrong with the words of the category `gid`, which stand in the order of their IDs,
 // and returns what mends it. `isThere` tells whether the category is. Of a category but HomeName's,
-// `room` is empty before; of that one it is `home`. A word that gets another number gets one that
-// no word had, so that whoever still knows the old one changes nothing by it. Where two words have
-// one number, nothing is mended: their rows cannot be told apart.
+// `room` is empty before; of that one it is `home`. A word that gets another number gets one
+// behind all others, so that whoever still knows the old one changes no other word by it. Where two
+// words have one number, nothing is mended: their rows cannot be told apart.
 std::vector<WordChange> ExamineWords(const std::vector<WordRow>& words, qint64 gid, bool isThere,
                                      Room& room, Room& home, Faults& faults);

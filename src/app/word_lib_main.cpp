@@ -20,6 +20,25 @@
 #include <memory>
 #include <optional>
 
+namespace {
+
+// What Qt says while it looks for a display.
+QByteArray& EarlyMessages() {
+  static QByteArray messages;
+  return messages;
+}
+
+// Where there is no display Qt would tell at length how it is configured, and abort.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (type == QtFatalMsg) {
+    std::fputs("hcwordlib: 没有可用的图形显示，无法打开窗口。\n", stderr);
+    std::_Exit(EXIT_FAILURE);
+  }
+  EarlyMessages() += qFormatLogMessage(type, context, text).toLocal8Bit() + '\n';
+}
+
+}  // namespace
+
 int Main(int argc, char** argv) {
   std::optional<SingleInstance> instance("HCWordLib");
   if (instance->PrevInstance()) {
@@ -30,7 +49,10 @@ int Main(int argc, char** argv) {
   // Chinese looks the same whatever the user's locale prefers for it, and whichever font a style or
   // a desktop sets at any time.
   qputenv("FC_LANG", "zh-cn");
+  qInstallMessageHandler(EndWithoutDisplay);
   QApplication application(argc, argv);
+  qInstallMessageHandler(nullptr);
+  std::fputs(EarlyMessages().constData(), stderr);
   QApplication::setApplicationName(QStringLiteral("hcwordlib"));
   QApplication::setDesktopFileName(QStringLiteral("hcwordlib"));
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/hcwordlib.svg")));

@@ -47,19 +47,19 @@ QByteArray OutlineOf(const Node& top) {
 }
 
 std::exception_ptr DeleteBranch(const std::vector<EntryKey>& branch, TreePrptys& words,
-                                DataBaseFuncs& funcs, bool& hasBegun) {
+                                DataBaseFuncs& funcs, size_t& gone) {
   std::exception_ptr failure;
-  hasBegun = false;
+  gone = 0;
   try {
     for (const EntryKey key : branch) {
       const TreePrpty& word = words.Item(key);
       funcs.DeleteItem(kSelWord, word.DicID(), word.ID());
-      hasBegun = true;
+      ++gone;
     }
   } catch (...) {
     failure = std::current_exception();
   }
-  if (hasBegun) {
+  if (gone > 0) {
     for (const EntryKey key : branch) words.Remove(key);
   }
   return failure;

@@ -24,10 +24,9 @@ QByteArray OutlineOf(const Node& top);
 
 // Deletes the rows of the words of a branch one by one, as far as it goes, and forgets the records:
 // when the first row is gone, those of the whole branch, for what is left of it hangs on nothing.
-// Returns what kept a row from being deleted, null when all are gone. `hasBegun` tells whether any
-// is.
+// Returns what kept a row from being deleted, null when all are gone. `gone` tells how many are.
 std::exception_ptr DeleteBranch(const std::vector<EntryKey>& branch, TreePrptys& words,
-                                DataBaseFuncs& funcs, bool& hasBegun);
+                                DataBaseFuncs& funcs, size_t& gone);
 
 // Takes a node that was added for a new entry away again unless the entry was stored: the tree
 // shows nothing that the database does not hold. What was selected before is selected again.

@@ -7,6 +7,7 @@
 #include "connection.h"
 #include "entry_scheme.h"
 #include "error.h"
+#include "library.h"
 #include "list_view.h"
 #include "recordset.h"
 #include "statements.h"
@@ -90,36 +91,15 @@ bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
 
 bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qint32 /*ParentID*/,
                                       qint32 DictID) {
-  const std::vector<Word> words = ReadWords(DictID);
+  const std::vector<WordRow> words = WordsOf(connection_, DictID);
   AddWords(TheTree.Nodes(), wordTree_.colTreePrptys(), ParentKey, DictID, words);
   return !words.empty();
 }
 
-std::vector<EditWordsFuncs::Word> EditWordsFuncs::ReadWords(qint32 DictID) {
-  auto rows = std::make_unique<Recordset>();
-  rows->Open(Statement::SelectWords(DictID), connection_, CursorType::kKeyset,
-             LockType::kUnspecified, {"ID", "FatherID", "NodeName"});
-  std::vector<Word> words;
-  if (rows->IsEof()) return words;
-  rows->MoveLast();
-  const qint32 count = rows->RecordCount();
-  rows->MoveFirst();
-  const size_t idColumn = rows->ColumnOf("ID");
-  const size_t fatherIdColumn = rows->ColumnOf("FatherID");
-  const size_t nodeNameColumn = rows->ColumnOf("NodeName");
-  words.reserve(static_cast<size_t>(count));
-  for (qint32 i = 0; i < count; ++i) {
-    words.push_back({rows->FieldInteger(idColumn), rows->FieldInteger(fatherIdColumn),
-                     SharedText(rows->FieldView(nodeNameColumn))});
-    rows->MoveNext();
-  }
-  CloseRecordset(rows);
-  return words;
-}
-
 void EditWordsFuncs::AddWords(TreeNodes& nodes, TreePrptys& records, EntryKey categoryKey,
-                              qint32 DictID, const std::vector<Word>& words, TreePrptys* before) {
-  for (const Word& word : words) {
+                              qint32 DictID, const std::vector<WordRow>& words,
+                              TreePrptys* before) {
+  for (const WordRow& word : words) {
     EntryKey parentKey = categoryKey;
     if (word.fatherId != 0 && !records.GetFatherKey(DictID, word.fatherId, parentKey)) {
       skippedWords_.append(SkippedWord{DictID, word.id, word.fatherId});
@@ -141,7 +121,7 @@ void EditWordsFuncs::ReloadCategories(TreeView& TheTree) {
     qint32 gid;
     qint32 position;
     QString name;
-    std::vector<Word> words;
+    std::vector<WordRow> words;
   };
   std::vector<Category> library;
   auto rows = std::make_unique<Recordset>();
@@ -156,7 +136,7 @@ void EditWordsFuncs::ReloadCategories(TreeView& TheTree) {
   CloseRecordset(rows);
   size_t count = library.size();
   for (Category& category : library) {
-    category.words = ReadWords(category.gid);
+    category.words = WordsOf(connection_, category.gid);
     count += category.words.size();
   }
   if (count > static_cast<size_t>(std::numeric_limits<qint32>::max() - TreeCount)) {

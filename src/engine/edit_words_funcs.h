@@ -17,11 +17,15 @@
 class Connection;
 class DataBaseFuncs;
 class ListView;
+class Node;
 class Recordset;
 class TreeNodes;
 class TreePrptys;
 class TreeView;
 class WordTree;
+struct DeletedBranch;
+struct DeletedRows;
+struct WordRow;
 
 // The editing engine: gives every entry of the tree and the list its key and tag, loads the
 // library and finds free default names. Failures of the database, the collections and the controls
@@ -58,6 +62,15 @@ class EditWordsFuncs {
   // none. ParentID is not used.
   bool OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qint32 ParentID, qint32 DictID);
 
+  // Why the tree has no place for a branch whose rows are to be stored again; empty when it has.
+  QString BranchHindrance(const TreeView& TheTree, const DeletedRows& rows);
+  // Adds the nodes of a branch whose rows are stored again, collapsed, where it stood among its
+  // siblings. `stored` has all words of its category by ID: those that have come to hang below it
+  // meanwhile belong to it. Returns its top; null when the tree shows nothing of it, because its
+  // top's row was gone before it was deleted.
+  Node* AddBranch(TreeView& TheTree, const DeletedBranch& branch,
+                  const std::vector<WordRow>& stored);
+
   // The words that the last load left out because no word read before them is their parent.
   struct SkippedWord {
     qint32 DictID;
@@ -85,19 +98,14 @@ class EditWordsFuncs {
   QString TreeWordNewName(qint32 DictID);
 
  private:
-  // A row of Items.
-  struct Word {
-    qint32 id;
-    qint32 fatherId;
-    SharedText name;
-  };
-  std::vector<Word> ReadWords(qint32 DictID);
   // Adds the words of the category DictID, in the order of their numbers, under its node. Where
   // they had records before, which `before` holds, their keys are taken over from there.
   void AddWords(TreeNodes& nodes, TreePrptys& records, EntryKey categoryKey, qint32 DictID,
-                const std::vector<Word>& words, TreePrptys* before = nullptr);
-  void AddPasted(TreeNodes& nodes, EntryKey categoryKey, const PasteStore::Category& category);
+                const std::vector<WordRow>& words, TreePrptys* before = nullptr);
+  void AddBranches(TreeNodes& nodes, const PasteStore::Category& category);
   EntryKey NextKey();
+  // The key of the node that the branch hangs under, of none or of no node when that is gone.
+  EntryKey ParentOf(const DeletedRows& rows);
   QString FreeName(const QString& statement, const QString& base,
                    QString (*criterion)(const QString&));
 

@@ -27,48 +27,35 @@ EditWordsFuncs::Pasted EditWordsFuncs::Paste(TreeView& TheTree, EntryKey ParentK
   pasted.failure = store.Failure();
   TreeNodes& nodes = TheTree.Nodes();
   for (const PasteStore::Category& category : store.Stored()) {
-    EntryKey key;
-    const TreeNodes::Adding adding(nodes, nodes.Item(kRootKey), category.position ? 1 : 0);
     if (category.position) {
-      key = AddNode(TheTree, kRootKey, category.name, kCategoryImage, kCategoryTag);
+      const TreeNodes::Growing growing(nodes, nullptr);
+      const EntryKey key = AddNode(TheTree, kRootKey, category.name, kCategoryImage, kCategoryTag);
       wordTree_.colDictPrptys().Add(category.gid, *category.position, key, category.name,
                                     EntryTag(), key);
+      AddWords(nodes, wordTree_.colTreePrptys(), key, category.gid, category.words);
       ++pasted.categories;
     } else {
-      wordTree_.colDictPrptys().GetKey(category.gid, key);
+      AddBranches(nodes, category);
     }
-    AddPasted(nodes, key, category);
     pasted.words += static_cast<qsizetype>(category.words.size());
   }
   return pasted;
 }
 
-// Words under nodes that are there already come together with all that is new below them.
-void EditWordsFuncs::AddPasted(TreeNodes& nodes, EntryKey categoryKey,
-                               const PasteStore::Category& category) {
-  struct Group {
-    qint32 fatherId;  // of the words that hang on what was there
-    int count;        // of those
-    std::vector<Word> words;
-  };
-  std::vector<Group> groups;
-  QHash<qint32, size_t> groupOf;  // of the words below a word
-  for (const PasteStore::Word& word : category.words) {
-    if (!groupOf.contains(word.fatherId)) {
-      groupOf.insert(word.fatherId, groups.size());
-      groups.push_back({word.fatherId, 0, {}});
-    }
-    const size_t group = groupOf.value(word.fatherId);
-    groupOf.insert(word.id, group);
-    groups[group].words.push_back({word.id, word.fatherId, SharedText(word.name)});
-    if (word.fatherId == groups[group].fatherId) ++groups[group].count;
+// Each word under a node that is there already comes together with all that is new below it.
+void EditWordsFuncs::AddBranches(TreeNodes& nodes, const PasteStore::Category& category) {
+  std::vector<std::vector<WordRow>> branches;
+  QHash<qint32, size_t> branchOf;  // of each new word
+  for (const WordRow& word : category.words) {
+    const size_t branch = branchOf.value(word.fatherId, branches.size());
+    if (branch == branches.size()) branches.emplace_back();
+    branchOf.insert(word.id, branch);
+    branches[branch].push_back(word);
   }
-
-  TreePrptys& records = wordTree_.colTreePrptys();
-  for (const Group& group : groups) {
-    EntryKey key = categoryKey;
-    if (group.fatherId != 0) records.GetFatherKey(category.gid, group.fatherId, key);
-    const TreeNodes::Adding adding(nodes, nodes.Item(key), group.count);
-    AddWords(nodes, records, categoryKey, category.gid, group.words);
+  EntryKey key;
+  wordTree_.colDictPrptys().GetKey(category.gid, key);
+  for (const std::vector<WordRow>& branch : branches) {
+    const TreeNodes::Growing growing(nodes, nullptr);
+    AddWords(nodes, wordTree_.colTreePrptys(), key, category.gid, branch);
   }
 }

@@ -161,7 +161,7 @@ bool PasteStore::Add(const std::vector<OutlineWord>& words, qint32 fatherId, Cat
         const qint32 id = ++last;
         idOf[i + 1] = id;
         taken.insert(word.name, {id, *father, true});
-        category.words.push_back({id, *father, word.name});
+        category.words.push_back({id, *father, SharedText(word.name)});
         lines.push_back(word.line);
         rows.Add({category.gid, id, *father, word.name});
       }

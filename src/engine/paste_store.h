@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "deleted_rows.h"
 #include "outline.h"
 
 #include <QHash>
@@ -28,17 +29,12 @@ class PasteStore {
   void StoreCategories();
   void StoreWords(qint32 dicId, qint32 fatherId);
 
-  struct Word {
-    qint32 id;
-    qint32 fatherId;
-    QString name;
-  };
   // A category and its new words, in the order of their numbers.
   struct Category {
     qint32 gid;
     std::optional<qint32> position;  // of a new category
     QString name;
-    std::vector<Word> words;
+    std::vector<WordRow> words;
   };
   const std::vector<Category>& Stored() const { return stored_; }
   qsizetype Skipped() const;

@@ -42,12 +42,16 @@ class KeyedCollection {
   // Removes the record that Item would find.
   template <class IndexKey>
   void Remove(const IndexKey& vntIndexKey) {
-    Entry& entry = Find(vntIndexKey);
-    index_.Remove(entry);
-    (entry.previous == nullptr ? first_ : entry.previous->next) = entry.next;
-    (entry.next == nullptr ? last_ : entry.next->previous) = entry.previous;
-    --count_;
-    delete &entry;
+    Delete(Find(vntIndexKey));
+  }
+
+  // Removes every record that `holds` is true for.
+  template <class Predicate>
+  void RemoveIf(Predicate holds) {
+    for (Entry* entry = first_; entry != nullptr;) {
+      Entry& examined = *std::exchange(entry, entry->next);
+      if (holds(std::as_const(examined.record))) Delete(examined);
+    }
   }
 
   void Clear() {
@@ -77,6 +81,14 @@ class KeyedCollection {
     Entry* previous = nullptr;
     Entry* next = nullptr;
   };
+
+  void Delete(Entry& entry) {
+    index_.Remove(entry);
+    (entry.previous == nullptr ? first_ : entry.previous->next) = entry.next;
+    (entry.next == nullptr ? last_ : entry.next->previous) = entry.previous;
+    --count_;
+    delete &entry;
+  }
 
   Entry& Find(EntryKey key) const {
     Entry* entry = index_.Find(key);

@@ -57,6 +57,18 @@ void TreePrptys::Forget(const TreePrpty& record, const IndexKey& vntIndexKey) {
 template void TreePrptys::Forget(const TreePrpty&, const EntryKey&);
 template void TreePrptys::Forget(const TreePrpty&, const qint32&);
 
+void TreePrptys::RemoveWordsOf(qint32 DicID) {
+  records_.RemoveIf([this, DicID](const TreePrpty& record) {
+    if (record.DicID() != DicID) return false;
+    if (byIdentity_.Find(DicID, record.ID()) == &record) {
+      byIdentity_.Remove(DicID, record.ID());
+    } else {
+      --repeated_;
+    }
+    return true;
+  });
+}
+
 const ListPrpty& ListPrptys::Add(qint32 DicID, qint32 FatherID, EntryKey FatherKey, qint32 ID,
                                  EntryKey NodeKey, const QString& NodeName, EntryTag Tag,
                                  EntryKey sKey) {

@@ -33,6 +33,8 @@ class TreePrptys {
   const TreePrpty& Item(EntryKey vntIndexKey) const { return records_.Item(vntIndexKey); }
   void Remove(qint32 vntIndexKey) { Forget(records_.Item(vntIndexKey), vntIndexKey); }
   void Remove(EntryKey vntIndexKey) { Forget(records_.Item(vntIndexKey), vntIndexKey); }
+  // Removes all words of the category.
+  void RemoveWordsOf(qint32 DicID);
   qint32 Count() const { return records_.Count(); }
 
  private:

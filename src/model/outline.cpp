@@ -213,7 +213,7 @@ void AppendOutlineLine(QByteArray& text, qsizetype depth, const QString& name) {
     } else if (unit == u'\t') {
       line += QLatin1String("\\t");
     } else if (unit < 0x20 || unit == 0x7F || unit == QChar::ByteOrderMark) {
-      line += QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'));
+      line += QStringLiteral("\\u%1").arg(uint{unit}, 4, 16, QLatin1Char('0'));
     } else {
       line += character;
     }

@@ -33,6 +33,28 @@ void CloseLibrary(Connection& connection) {
   connection.Close();
 }
 
+std::vector<WordRow> WordsOf(Connection& connection, qint32 DictID) {
+  auto rows = std::make_unique<Recordset>();
+  rows->Open(Statement::SelectWords(DictID), connection, CursorType::kKeyset,
+             LockType::kUnspecified, {"ID", "FatherID", "NodeName"});
+  std::vector<WordRow> words;
+  if (rows->IsEof()) return words;
+  rows->MoveLast();
+  const qint32 count = rows->RecordCount();
+  rows->MoveFirst();
+  const size_t idColumn = rows->ColumnOf("ID");
+  const size_t fatherIdColumn = rows->ColumnOf("FatherID");
+  const size_t nodeNameColumn = rows->ColumnOf("NodeName");
+  words.reserve(static_cast<size_t>(count));
+  for (qint32 i = 0; i < count; ++i) {
+    words.push_back({rows->FieldInteger(idColumn), rows->FieldInteger(fatherIdColumn),
+                     SharedText(rows->FieldView(nodeNameColumn))});
+    rows->MoveNext();
+  }
+  CloseRecordset(rows);
+  return words;
+}
+
 bool IsCategoryNameTaken(Connection& connection, const QString& SortName) {
   return HasRows(connection, Statement::SelectCategoryNamed(SortName));
 }

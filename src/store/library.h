@@ -3,9 +3,20 @@
 
 #pragma once
 
+#include "shared_text.h"
+
 #include <QString>
 
+#include <vector>
+
 class Connection;
+
+// A row of Items but for its SortID.
+struct WordRow {
+  qint32 id = 0;
+  qint32 fatherId = 0;
+  SharedText name;
+};
 
 // What the program asks of the library apart from its records. Failures of the database reach the
 // caller unchanged unless said otherwise.
@@ -13,6 +24,9 @@ class Connection;
 // Opens and closes the data source "HCWordLib".
 void OpenLibrary(Connection& connection);
 void CloseLibrary(Connection& connection);
+
+// All words of the category DictID, by ID.
+std::vector<WordRow> WordsOf(Connection& connection, qint32 DictID);
 
 // Whether a category, or any word of the category DictID, has the name.
 bool IsCategoryNameTaken(Connection& connection, const QString& SortName);

@@ -5,6 +5,8 @@
 
 #include "dialect.h"
 
+#include <QStringList>
+
 namespace {
 
 QString Number(qint32 number) {
@@ -49,6 +51,17 @@ QString SelectWordNamed(const QString& NodeName, qint32 DictID) {
          QStringLiteral(" And SortID=") + Number(DictID);
 }
 
+QString SelectCategory(qint32 DictID) {
+  return QStringLiteral("select * from Dictionary where GID=") + Number(DictID);
+}
+
+QString SelectWordsNumbered(qint32 DictID, const std::vector<qint32>& IDs) {
+  QStringList numbers;
+  for (const qint32 ID : IDs) numbers += Number(ID);
+  return QStringLiteral("select * from Items where SortID=") + Number(DictID) +
+         QStringLiteral(" And ID in (") + numbers.join(u',') + u')';
+}
+
 QString SelectRegister(const QString& TableName) {
   return QStringLiteral("select * from ") + TableName;
 }
@@ -69,6 +82,12 @@ QString RenameCategory(const QString& NewName, qint32 DictID) {
 
 QString RenameWord(const QString& NewName, qint32 DictID, qint32 ID) {
   return QStringLiteral("update Items set  NodeName=") + Quoted(NewName) +
+         QStringLiteral(" where SortID=") + Number(DictID) + QStringLiteral(" And ID=") +
+         Number(ID);
+}
+
+QString HangWord(qint32 FatherID, qint32 DictID, qint32 ID) {
+  return QStringLiteral("update Items set FatherID=") + Number(FatherID) +
          QStringLiteral(" where SortID=") + Number(DictID) + QStringLiteral(" And ID=") +
          Number(ID);
 }

@@ -5,7 +5,7 @@
 import unittest
 
 import desktop
-from desktop import wait_until
+from desktop import role, wait_until
 
 MENUS = {
     "文件(F)": ["关闭(C)"],
@@ -29,8 +29,8 @@ class Accessibility(desktop.WindowTest):
     def focused(self):
         from gi.repository import Atspi
         for item in self.items(self.process):
-            if item.get_state_set().contains(Atspi.StateType.FOCUSED) and item.get_role_name() not in ("frame", "application"):
-                return item.get_role_name(), item.get_name()
+            if item.get_state_set().contains(Atspi.StateType.FOCUSED) and role(item) not in ("frame", "application"):
+                return role(item), item.get_name()
         return None
 
     def choose(self, menu, *keys):
@@ -42,11 +42,11 @@ class Accessibility(desktop.WindowTest):
         self.process, window = self.open()
         menu_bar = self.item(self.process, "menu bar")
         found = {menu.get_name(): [
-            "-" if item.get_role_name() == "separator" else item.get_name() + (" *" if checked(item) else "")
+            "-" if role(item) == "separator" else item.get_name() + (" *" if checked(item) else "")
             for popup in children(menu) for item in children(popup)] for menu in children(menu_bar)}
         self.assertEqual(found, MENUS)
         tool_bar = self.item(self.process, "tool bar", "工具栏")
-        buttons = [item for item in children(tool_bar) if item.get_role_name() == "push button"]
+        buttons = [item for item in children(tool_bar) if role(item) == "push button"]
         self.assertEqual([button.get_description() for button in buttons], TOOL_TIPS)
         panels = children(self.item(self.process, "status bar"))
         self.assertEqual([panel.get_description() for panel in panels], ["状态", "日期", "时间"])

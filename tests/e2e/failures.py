@@ -4,6 +4,7 @@
 
 import pathlib
 import shutil
+import subprocess
 import unittest
 
 import desktop
@@ -48,6 +49,15 @@ class Failures(desktop.WindowTest):
         self.assertRegex(text, "打不开数据源所写的数据库文件.*\nconnect failed")
         self.assertGreater(status, 0)
         self.assertFalse(self.library.exists())
+
+    def test_command_line_without_a_display(self):
+        self.env.pop("DISPLAY")
+        for arguments, status, text in (([], 1, "显示"), (["-style", "fusion", "--version"], 0, "hcwordlib 1."),
+                                        (["--help"], 0, "用法"), (["--bogus"], 2, "--bogus"), (["file"], 2, "file")):
+            done = subprocess.run([desktop.BUILD / "hcwordlib", *arguments], env=self.env, check=False, text=True,
+                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+            self.assertEqual(done.returncode, status, done.stdout)
+            self.assertIn(text, done.stdout.splitlines()[0])
 
 
 if __name__ == "__main__":

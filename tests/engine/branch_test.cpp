@@ -46,14 +46,14 @@ TEST_P(BranchTest, IsDeletedParentsFirstAsFarAsItGoes) {
   const Node& top = *tree_.Nodes().Item(kRootKey).Child()->Child();
   const std::vector<EntryKey> branch = BranchOf(top);
   EXPECT_EQ(Texts(branch), "1243");
-  bool hasBegun = true;
+  size_t gone = 1;
   FailStep(connection_, 1);
-  EXPECT_NE(DeleteBranch(branch, records_.colTreePrptys(), rows_, hasBegun), nullptr);
-  EXPECT_FALSE(hasBegun);
+  EXPECT_NE(DeleteBranch(branch, records_.colTreePrptys(), rows_, gone), nullptr);
+  EXPECT_EQ(gone, 0U);
   EXPECT_EQ(records_.colTreePrptys().Count(), 5);
   FailStep(connection_, 3);
-  EXPECT_NE(DeleteBranch(branch, records_.colTreePrptys(), rows_, hasBegun), nullptr);
-  EXPECT_TRUE(hasBegun);
+  EXPECT_NE(DeleteBranch(branch, records_.colTreePrptys(), rows_, gone), nullptr);
+  EXPECT_EQ(gone, 2U);
   EXPECT_EQ(records_.colTreePrptys().Count(), 1);  // nothing hangs on what is gone
   connection_.SetStepHook({});
   EXPECT_EQ(Words(connection_), "7|3|1|3\n7|4|2|4\n7|5|0|5\n");

@@ -16,6 +16,13 @@ inline qsizetype Characters(QStringView text) {
   return std::count_if(text.begin(), text.end(), [](QChar c) { return !c.isLowSurrogate(); });
 }
 
+// A name as a message quotes it, which a long one would fill.
+inline QString Shortened(const QString& name) {
+  constexpr qsizetype kMost = 40;
+  if (name.size() <= kMost) return name;
+  return name.first(name[kMost - 1].isHighSurrogate() ? kMost - 1 : kMost) + u'…';
+}
+
 // Whether a line ends with it: line feed, carriage return and what Unicode adds to them.
 bool IsLineBreak(QChar c);
 

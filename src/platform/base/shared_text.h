@@ -35,9 +35,11 @@ class SharedText {
     if (content_ != nullptr && --content_->users == 0) GivePooled(content_, Bytes(content_->size));
   }
 
-  QString ToString() const {
-    if (content_ == nullptr) return QString();
-    return QString(reinterpret_cast<const QChar*>(content_ + 1), content_->size);
+  QString ToString() const { return View().toString(); }
+  // Lives as long as a copy of the text does.
+  QStringView View() const {
+    if (content_ == nullptr) return QStringView();
+    return QStringView(reinterpret_cast<const QChar*>(content_ + 1), content_->size);
   }
 
  private:

@@ -24,17 +24,30 @@ Node& TreeNodes::Add(EntryKey relative, Relationship /*relationship*/, EntryKey 
   if (!index_.Insert(*node)) throw Error(QStringLiteral("集合中的关键字不唯一"));
   node->parent_ = parent;
   node->text_ = std::move(text);
-  node->row_ = parent->Children();
   node->image_ = static_cast<qint16>(image);
+  Node& added = *node;
+  if (growing_ != nullptr && !growing_->top_) {
+    growing_->top_ = std::move(node);
+  } else {
+    Hang(std::move(node), nullptr);
+  }
+  return added;
+}
+
+void TreeNodes::Hang(std::unique_ptr<Node> node, const Node* before) {
+  Node* const parent = node->parent_;
   if (!parent->children_) {
     parent->children_ = std::make_unique<std::vector<std::unique_ptr<Node>>>();
   }
-  if (!loading_) {
-    beginInsertRows(parent == &top_ ? QModelIndex() : IndexOf(parent), node->row_, node->row_);
+  const int row = before == nullptr ? parent->Children() : before->row_;
+  const bool isAnnounced = !loading_ && growing_ == nullptr;
+  if (isAnnounced) {
+    beginInsertRows(parent == &top_ ? QModelIndex() : IndexOf(parent), row, row);
   }
-  Node& added = *parent->children_->emplace_back(std::move(node));
-  if (!loading_) endInsertRows();
-  return added;
+  auto& siblings = *parent->children_;
+  siblings.insert(siblings.begin() + row, std::move(node));
+  for (size_t i = row; i < siblings.size(); ++i) siblings[i]->row_ = static_cast<qint32>(i);
+  if (isAnnounced) endInsertRows();
 }
 
 TreeNodes::Loading::Loading(TreeNodes& nodes) : nodes_(nodes) {
@@ -47,18 +60,13 @@ TreeNodes::Loading::~Loading() {
   nodes_.endResetModel();
 }
 
-TreeNodes::Adding::Adding(TreeNodes& nodes, const Node& parent, int count)
-    : nodes_(nodes), announces_(!nodes.loading_ && count > 0) {
-  if (!announces_) return;
-  const int first = parent.Children();
-  nodes_.beginInsertRows(nodes_.IndexOf(&parent), first, first + count - 1);
-  nodes_.loading_ = true;
+TreeNodes::Growing::Growing(TreeNodes& nodes, const Node* before) : nodes_(nodes), before_(before) {
+  nodes_.growing_ = this;
 }
 
-TreeNodes::Adding::~Adding() {
-  if (!announces_) return;
-  nodes_.loading_ = false;
-  nodes_.endInsertRows();
+TreeNodes::Growing::~Growing() {
+  nodes_.growing_ = nullptr;
+  if (top_) nodes_.Hang(std::move(top_), before_);
 }
 
 Node& TreeNodes::Item(EntryKey key) const {

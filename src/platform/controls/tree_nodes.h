@@ -23,6 +23,8 @@ class Node : private Keyed, public Pooled<Node> {
   EntryTag Tag() const { return tag_; }
   void SetTag(EntryTag tag) { tag_ = tag; }
   QString Text() const { return text_.ToString(); }
+  // Until the text changes.
+  QStringView TextView() const { return text_.View(); }
   // The number of the node's picture in the view's image list.
   int Image() const { return image_; }
 
@@ -84,19 +86,20 @@ class TreeNodes : public QAbstractItemModel {
     TreeNodes& nodes_;
   };
 
-  // While it exists, `count` nodes and whatever belongs below them are added to `parent`, nothing
-  // else is, and none is removed: the views hear of it once. Within another one or Loading it means
-  // nothing more.
-  class Adding {
+  // While it exists, one node is added with all that hangs below it, which is announced at its end
+  // as one row. That stands before the sibling `before`, or last when that is null.
+  class Growing {
    public:
-    Adding(TreeNodes& nodes, const Node& parent, int count);
-    ~Adding();
-    Adding(const Adding&) = delete;
-    Adding& operator=(const Adding&) = delete;
+    Growing(TreeNodes& nodes, const Node* before);
+    ~Growing();
+    Growing(const Growing&) = delete;
+    Growing& operator=(const Growing&) = delete;
 
    private:
+    friend class TreeNodes;
     TreeNodes& nodes_;
-    const bool announces_;
+    const Node* const before_;
+    std::unique_ptr<Node> top_;
   };
 
   // An Error when there is none.
@@ -124,11 +127,14 @@ class TreeNodes : public QAbstractItemModel {
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
  private:
+  // Hangs the node on its parent, before `before` or as the last child when that is null.
+  void Hang(std::unique_ptr<Node> node, const Node* before);
   void Forget(std::unique_ptr<Node> subtree);
 
   // The invisible parent of the top-level nodes.
   Node top_;
   KeyIndex<Node> index_;
-  bool loading_ = false;  // or adding: nothing is announced
+  bool loading_ = false;
+  Growing* growing_ = nullptr;
   ImageList images_;
 };

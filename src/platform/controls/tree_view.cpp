@@ -6,6 +6,8 @@
 #include "error.h"
 #include "label_editing.h"
 #include "mouse.h"
+#include "name_pattern.h"
+#include "tree_find.h"
 #include "tree_item_delegate.h"
 #include "tree_lines.h"
 #include "twips.h"
@@ -34,6 +36,7 @@ TreeView::TreeView(QWidget* parent)
       delegate_(new TreeItemDelegate(this)),
       labelEditing_(std::make_unique<LabelEditing>(*this)) {
   setModel(&nodes_);
+  find_ = std::make_unique<TreeFind>(*this);
   setHeaderHidden(true);
   setUniformRowHeights(true);
   setItemDelegate(delegate_);
@@ -61,6 +64,7 @@ TreeView::TreeView(QWidget* parent)
 }
 
 TreeView::~TreeView() {
+  find_.reset();
   setModel(nullptr);
 }
 
@@ -286,6 +290,13 @@ void TreeView::SelectByKeyboard(Action action) {
   if (after != nullptr && after != before) Q_EMIT NodeClick(after);
 }
 
+void TreeView::SelectAsKeyboard(Node& node) {
+  SelectByKeyboard([this, &node] {
+    SetSelectedItem(node);
+    EnsureVisible(node);
+  });
+}
+
 void TreeView::SelectCollapsed(const QModelIndex& collapsed) {
   Node* const node = nodes_.NodeAt(collapsed);
   const Node* above = SelectedItem();
@@ -315,12 +326,25 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
   SelectByKeyboard([this, event] { QTreeView::keyPressEvent(event); });
 }
 
-// Type-ahead in Chinese: what the input method hands over is searched for.
+// Type-ahead in Chinese: what the input method hands over is searched for. It hands over signs,
+// too.
 void TreeView::inputMethodEvent(QInputMethodEvent* event) {
-  if (!event->commitString().isEmpty()) {
-    SelectByKeyboard([this, event] { keyboardSearch(event->commitString()); });
-  }
   event->accept();
+  const QString typed = Folded(event->commitString());
+  Node* const selected = SelectedItem();
+  if (selected != nullptr && (typed == QStringLiteral("+") || typed == QStringLiteral("-"))) {
+    SetExpanded(*selected, typed == QStringLiteral("+"));
+  } else if (!typed.isEmpty() && typed != QStringLiteral("*")) {
+    SelectByKeyboard([this, &typed] { keyboardSearch(typed); });
+  }
+}
+
+void TreeView::keyboardSearch(const QString& typed) {
+  if (typed.isEmpty() || typed.front().category() == QChar::Other_Control) return;
+  if (Node* const node = typeAhead_.Search(*this, typed)) {
+    SetSelectedItem(*node);
+    EnsureVisible(*node);
+  }
 }
 
 // No key takes the selection away from the current node.

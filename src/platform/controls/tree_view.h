@@ -4,6 +4,7 @@
 #pragma once
 
 #include "tree_nodes.h"
+#include "type_ahead.h"
 
 #include <QItemSelectionModel>
 #include <QTreeView>
@@ -12,6 +13,7 @@
 
 class ImageList;
 class LabelEditing;
+class TreeFind;
 class TreeItemDelegate;
 
 enum class LineStyle { kTreeLines = 0, kRootLines = 1 };
@@ -29,6 +31,7 @@ class TreeView : public QTreeView {
   ~TreeView() override;
 
   TreeNodes& Nodes() { return nodes_; }
+  const TreeNodes& Nodes() const { return nodes_; }
 
   // When on, the selected node is not highlighted while the tree has not the focus.
   void SetHideSelection(bool hide);
@@ -44,6 +47,8 @@ class TreeView : public QTreeView {
   // Null when there is none.
   Node* SelectedItem() const;
   void SetSelectedItem(Node& node);
+  // For the user: raises NodeClick when the selection moves.
+  void SelectAsKeyboard(Node& node);
   // The node highlighted under the right button, null when there is none.
   Node* DropHighlight() const { return dropHighlight_; }
 
@@ -72,9 +77,11 @@ class TreeView : public QTreeView {
 
   void scrollTo(const QModelIndex& index,
                 ScrollHint hint = QAbstractItemView::EnsureVisible) override;
+  void keyboardSearch(const QString& typed) override;
 
  Q_SIGNALS:
-  // The user selected `node` by mouse or keyboard, or clicked it with the right button.
+  // The user selected `node` by mouse or keyboard, by finding it, or clicked it with the right
+  // button.
   void NodeClick(Node* node);
   // Positions in twips; buttons as in mouse.h.
   void MouseDown(int button, float x, float y);
@@ -129,4 +136,6 @@ class TreeView : public QTreeView {
   QPoint pressedAt_;
   // The press being delivered has brought the focus.
   bool focusCameWithPress_ = false;
+  TypeAhead typeAhead_;
+  std::unique_ptr<TreeFind> find_;
 };

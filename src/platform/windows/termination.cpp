@@ -22,7 +22,7 @@ int gPipe[2];
 void PassOn(int signal) {
   const int before = errno;
   const auto byte = static_cast<char>(signal);
-  static_cast<void>(write(gPipe[1], &byte, 1));
+  [[maybe_unused]] const ssize_t written = write(gPipe[1], &byte, 1);
   errno = before;
 }
 

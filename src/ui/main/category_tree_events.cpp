@@ -5,6 +5,7 @@
 
 #include "busy_pointer.h"
 #include "data_base_funcs.h"
+#include "deleted_branches.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "error.h"
@@ -143,6 +144,7 @@ void frmMain::tvTreeView_AfterLabelEdit(qint16& Cancel, const QString& NewString
     TheDBFuncs().UpdateItem(NewString, kSelWord, word.DicID(), word.ID());
     TheWordTree().colTreePrptys().Rename(key, NewString);
   }
+  deleted_->StartOver();
 }
 
 bool frmMain::IsTaken(const QString& name, EntryKey key) const {

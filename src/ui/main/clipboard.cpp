@@ -81,7 +81,7 @@ void frmMain::Paste(const Outline& outline) {
   auto busy = std::make_optional<BusyPointer>();
   Node& target = *tvTreeView->SelectedItem();
   if (outline.categories.empty()) {
-    TellAt(target, QStringLiteral("剪贴板中没有可以粘贴的文字。"));
+    TellAt(target, QStringLiteral("没有可以粘贴的文字。"));
     return;
   }
   const EditWordsFuncs::Pasted pasted =

@@ -6,6 +6,7 @@
 #include "branch.h"
 #include "busy_pointer.h"
 #include "data_base_funcs.h"
+#include "deleted_branches.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "event_guard.h"
@@ -23,6 +24,8 @@
 
 #include <exception>
 #include <optional>
+#include <unordered_set>
+#include <utility>
 
 void frmMain::mnuEditNewItem_Click() {
   NewDict();
@@ -139,6 +142,10 @@ void frmMain::DeleteNode(qint32 Sel) {
 
 void frmMain::DeleteCategory(EntryKey NodeKey) {
   const qint32 dicId = TheWordTree().colDictPrptys().Item(NodeKey).DicID();
+  DeletedBranch branch{CategoryRows(TheConn(), dicId)};
+  if (const Node* const previous = tvTreeView->Nodes().Item(NodeKey).Previous()) {
+    branch.previousGid = TheWordTree().colDictPrptys().Item(previous->Key()).DicID();
+  }
   const auto forget = [this, NodeKey] {
     TheWordTree().colDictPrptys().Remove(NodeKey);
     ClearListOfChildren(NodeKey);
@@ -150,23 +157,36 @@ void frmMain::DeleteCategory(EntryKey NodeKey) {
     if (!IsCategoryStored(TheConn(), dicId)) {
       forget();
       tvTreeView->RemoveNode(NodeKey);
+      IgnoringErrors([&] {
+        LeaveOutStored(TheConn(), branch.rows);
+        deleted_->Keep(std::move(branch));
+      });
     }
     throw;
   }
   forget();
+  deleted_->Keep(std::move(branch));
 }
 
 // When a row cannot be deleted, the words whose rows are gone go from the tree with all that hung
 // below them, and the error travels on.
 void frmMain::DeleteWords(EntryKey NodeKey) {
-  bool hasBegun = false;
-  const std::exception_ptr failure =
-      DeleteBranch(BranchOf(tvTreeView->Nodes().Item(NodeKey)), TheWordTree().colTreePrptys(),
-                   TheDBFuncs(), hasBegun);
-  if (hasBegun) ClearListOfChildren(NodeKey);
-  if (!failure) return;
-  if (hasBegun) tvTreeView->RemoveNode(NodeKey);
-  std::rethrow_exception(failure);
+  TreePrptys& words = TheWordTree().colTreePrptys();
+  const std::vector<EntryKey> keys = BranchOf(tvTreeView->Nodes().Item(NodeKey));
+  std::vector<qint32> ids;
+  for (const EntryKey key : keys) ids.push_back(words.Item(key).ID());
+  DeletedBranch branch{BranchRows(TheConn(), words.Item(NodeKey).DicID(), ids)};
+  size_t gone = 0;
+  const std::exception_ptr failure = DeleteBranch(keys, words, TheDBFuncs(), gone);
+  if (gone > 0) ClearListOfChildren(NodeKey);
+  if (failure) {
+    const std::unordered_set<qint32> left(ids.begin() + static_cast<ptrdiff_t>(gone), ids.end());
+    std::erase_if(branch.rows.words,
+                  [&left](const WordRow& word) { return left.contains(word.id); });
+    if (gone > 0) tvTreeView->RemoveNode(NodeKey);
+  }
+  deleted_->Keep(std::move(branch));
+  if (failure) std::rethrow_exception(failure);
 }
 
 void frmMain::ClearListOfChildren(EntryKey NodeKey) {

@@ -5,6 +5,7 @@
 
 #include "accessible_roles.h"
 #include "band_container.h"
+#include "deleted_branches.h"
 #include "entry_scheme.h"
 #include "event_guard.h"
 #include "list_view.h"
@@ -31,7 +32,7 @@ QCursor LoadCursor(const QString& path, int hotX, int hotY, qreal scale) {
 
 }  // namespace
 
-frmMain::frmMain() : placement_(*this) {
+frmMain::frmMain() : placement_(*this), deleted_(std::make_unique<DeletedBranches>()) {
   setObjectName(QStringLiteral("frmMain"));
   InstallAccessibleRoles();
   for (const char* name : {"root", "category", "word"}) {
@@ -246,22 +247,22 @@ void frmMain::ConnectEvents() {
   auto* const reload = new QShortcut(Qt::Key_F5, this);
   reload->setAutoRepeat(false);
   connect(reload, &QShortcut::activated, this, Guarded([this] { ReloadWordLib(); }));
-
-  connect(new TextDrop(*tvTreeView), &TextDrop::Dropped, this,
-          Guarded([this](Node* node, const QMimeData& data) { tvTreeView_Dropped(*node, data); }));
-  // The views themselves copy a name.
-  const auto onKeys = [this](QWidget* control, const QKeySequence& keys, const auto& handler) {
-    auto* const shortcut = new QShortcut(keys, control);
-    shortcut->setContext(Qt::WidgetShortcut);
+  // A control's own: in an editor these keys are the text's. The views themselves copy a name.
+  const auto onKey = [this](QWidget* control, const QKeySequence& key, const auto& act) {
+    auto* const shortcut = new QShortcut(key, control, nullptr, nullptr, Qt::WidgetShortcut);
     shortcut->setAutoRepeat(false);
-    connect(shortcut, &QShortcut::activated, this, Guarded(handler));
+    connect(shortcut, &QShortcut::activated, this, Guarded(act));
   };
   const QKeySequence copyBranch(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
-  onKeys(tvTreeView, copyBranch, [this] { CopyBranch(tvTreeView->SelectedItem()); });
-  onKeys(lvListView, copyBranch, [this] { CopyListedBranch(); });
+  onKey(tvTreeView, Qt::Key_Delete, [this] { mnuEditDelete_Click(); });
+  onKey(tvTreeView, Qt::CTRL | Qt::Key_Z, [this] { TakeBackDelete(); });
+  onKey(tvTreeView, copyBranch, [this] { CopyBranch(tvTreeView->SelectedItem()); });
+  onKey(lvListView, copyBranch, [this] { CopyListedBranch(); });
   for (const QKeySequence& paste : QKeySequence::keyBindings(QKeySequence::Paste)) {
-    onKeys(tvTreeView, paste, [this] { PasteList(); });
+    onKey(tvTreeView, paste, [this] { PasteList(); });
   }
+  connect(new TextDrop(*tvTreeView), &TextDrop::Dropped, this,
+          Guarded([this](Node* node, const QMimeData& data) { tvTreeView_Dropped(*node, data); }));
 
   QWidget::setTabOrder(tvTreeView, lvListView);
   QWidget::setTabOrder(lvListView, &tbToolBar->Button(QStringLiteral("新条目")));

@@ -10,10 +10,12 @@
 
 #include <QMainWindow>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
 class BandContainer;
+class DeletedBranches;
 class ListView;
 class Node;
 class PictureBox;
@@ -105,6 +107,8 @@ class frmMain : public QMainWindow {
   void DeleteCategory(EntryKey NodeKey);
   void DeleteWords(EntryKey NodeKey);
   void ClearListOfChildren(EntryKey NodeKey);
+  // Puts back what the last delete of this run has removed, or tells why it cannot.
+  void TakeBackDelete();
   [[noreturn]] void EndWithoutIdentifier(const QString& reason);
   bool ListShowsBrothers(EntryKey NodeKey) const;
   void ClearList();
@@ -180,6 +184,8 @@ class frmMain : public QMainWindow {
   // The node whose children the list shows and those above it, from the node up; empty when the
   // list shows no node's.
   std::vector<EntryKey> listed_;
+
+  std::unique_ptr<DeletedBranches> deleted_;
 
   // The right button was the last one pressed on the tree: node clicks do not refill the list.
   bool RightButtonDown = false;

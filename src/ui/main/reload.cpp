@@ -4,6 +4,7 @@
 #include "frm_main.h"
 
 #include "busy_pointer.h"
+#include "deleted_branches.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
 #include "error.h"
@@ -34,6 +35,7 @@ void frmMain::ReloadWordLib() {
            MsgBoxButtons::kOkOnly, MsgBoxIcon::kInformation);
     return;
   }
+  deleted_->StartOver();
   state.Restore(*tvTreeView);
   if (tvTreeView->SelectedItem()->Key() != selected) {
     sbStatusBar->SetPanelText(TagText(SelectedTag()));

@@ -211,7 +211,7 @@ TEST_F(EditingTest, AnErrorIsToldBesideTheToolBarsButton) {
     QToolTip::hideText();
   }
   // The category's row is gone, its words' statement fails.
-  FailStep(TheConn(), 2);
+  FailStep(TheConn(), 4);
   AnswerYes();
   PressButton("删除");
   EXPECT_EQ(Tree(), "热处理(淬火 粗车) 空类");
