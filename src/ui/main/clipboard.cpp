@@ -7,7 +7,6 @@
 #include "busy_pointer.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
-#include "event_guard.h"
 #include "list_view.h"
 #include "log.h"
 #include "message_box.h"
@@ -63,25 +62,12 @@ void frmMain::CopyListedBranch() {
 
 void frmMain::PasteList() {
   if (!tvTreeView->EndLabelEdit()) return;
-  const BusyPointer busy;
-  const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
-  Paste(data == nullptr ? Outline() : OutlineIn(*data));
-}
-
-// The program where the text comes from waits for the end of this.
-void frmMain::tvTreeView_Dropped(Node& node, const QMimeData& data) {
-  if (!tvTreeView->EndLabelEdit()) return;
-  tvTreeView->SetSelectedItem(node);
-  tvTreeView_NodeClick();
-  const auto paste = [this, outline = OutlineIn(data)] { Paste(outline); };
-  QMetaObject::invokeMethod(this, Guarded(paste), Qt::QueuedConnection);
-}
-
-void frmMain::Paste(const Outline& outline) {
   auto busy = std::make_optional<BusyPointer>();
+  const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+  const Outline outline = data == nullptr ? Outline() : OutlineIn(*data);
   Node& target = *tvTreeView->SelectedItem();
   if (outline.categories.empty()) {
-    TellAt(target, QStringLiteral("没有可以粘贴的文字。"));
+    TellAt(target, QStringLiteral("剪贴板中没有可以粘贴的文字。"));
     return;
   }
   const EditWordsFuncs::Pasted pasted =

@@ -11,7 +11,6 @@
 #include "list_view.h"
 #include "picture_box.h"
 #include "status_bar.h"
-#include "text_drop.h"
 #include "tool_bar.h"
 #include "tree_view.h"
 #include "vertical_label.h"
@@ -261,8 +260,6 @@ void frmMain::ConnectEvents() {
   for (const QKeySequence& paste : QKeySequence::keyBindings(QKeySequence::Paste)) {
     onKey(tvTreeView, paste, [this] { PasteList(); });
   }
-  connect(new TextDrop(*tvTreeView), &TextDrop::Dropped, this,
-          Guarded([this](Node* node, const QMimeData& data) { tvTreeView_Dropped(*node, data); }));
 
   QWidget::setTabOrder(tvTreeView, lvListView);
   QWidget::setTabOrder(lvListView, &tbToolBar->Button(QStringLiteral("新条目")));

@@ -26,8 +26,6 @@ class TreeView;
 class VerticalLabel;
 class QAction;
 class QMenu;
-class QMimeData;
-struct Outline;
 
 // The main window: the library as a tree, the children of the selected node as a list, and the
 // commands that maintain it. Its controls carry their names as object names. Each handler is named
@@ -118,8 +116,6 @@ class frmMain : public QMainWindow {
   void CopyBranch(const Node* node);
   void CopyListedBranch();
   void PasteList();
-  void tvTreeView_Dropped(Node& node, const QMimeData& data);
-  void Paste(const Outline& outline);
   void TellAt(Node& node, const QString& text);
 
   // Bars and menus.

@@ -11,8 +11,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDropEvent>
-#include <QMimeData>
 #include <QToolTip>
 
 namespace {
@@ -49,7 +47,7 @@ TEST_F(ClipboardTest, EachLineBecomesAWordAtItsDepth) {
       {" 甲 \n'；%_\\n𠮷", " 甲  '；%_\\n𠮷"},
       {"甲\n\t乙\n丙\n\t乙\n\t\t丁\n甲\n\t戊",
        "甲(乙 戊) 丙 | 已加入 4 个分类词，跳过 3 个（名称已有）。"},
-      {"\n \n", " | 没有可以粘贴的文字。"},
+      {"\n \n", " | 剪贴板中没有可以粘贴的文字。"},
   };
   for (const auto& [text, expected] : cases) {
     OpenWindow();
@@ -121,20 +119,6 @@ TEST_F(ClipboardTest, ABranchIsCopiedAsAnOutlineThatComesBack) {
   tvTreeView->setFocus();
   Press(Qt::Key_C);
   EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("热处理"));
-}
-
-TEST_F(ClipboardTest, TextIsDroppedOnANode) {
-  QMimeData data;
-  data.setText(QStringLiteral("甲\n乙"));
-  const QPointF at = tvTreeView->viewport()->mapFrom(window_.get(), Label("空类"));
-  for (const QPointF& point : {at, QPointF(3, 500)}) {
-    QDropEvent drop(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(tvTreeView->viewport(), &drop);
-    QApplication::processEvents();
-    EXPECT_EQ(drop.isAccepted(), point == at);
-    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);  // the other program keeps it
-  }
-  EXPECT_EQ(Tree(At("空类")) + Selected() + Panel(), "甲 乙空类分类条目");
 }
 
 TEST_F(ClipboardTest, OneWordFollowsAnother) {
