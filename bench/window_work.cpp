@@ -11,6 +11,7 @@
 #include "frm_main.h"
 #include "library.h"
 #include "list_view.h"
+#include "paste.h"
 #include "reload.h"
 #include "report.h"
 #include "shared_objects.h"
@@ -86,6 +87,7 @@ class WindowWork {
   void DeleteNestedWords();
   void DefaultName();
   void Rename();
+  void Paste() { MeasurePaste(tree_, Category(categories_.flat), report_); }
 
  private:
   Node& Root() { return tree_.Nodes().Item(kRootKey); }
@@ -388,6 +390,7 @@ void MeasureWindowWork(int argc, char** argv, const WorkCategories& categories, 
     work.DefaultName();
     work.Rename();
     work.Find();
+    work.Paste();
   }
   MeasureReload(categories.defaults, report);
 }

@@ -145,6 +145,9 @@ void Session::Act(int index) {
       {2, &Session::TakeBack},
       {1, &Session::Window},
       {1, &Session::FailingStatement},
+      {1, &Session::PasteList},
+      {1, &Session::CopyBranch},
+      {2, &Session::NameAnother},
       {1, &Session::CloseAndReopen},
   };
   static const QList<Doer> kByWeight = [] {

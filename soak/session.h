@@ -81,7 +81,11 @@ class Session : public QObject {
   void FailingStatement();
   void Window();
   void CloseAndReopen();
+  void PasteList();
+  void CopyBranch();
+  void NameAnother();
 
+  bool FocusOn(QWidget& control);
   int Below(int count) { return static_cast<int>(random_.bounded(count)); }
   bool OneIn(int count) { return Below(count) == 0; }
   template <class T>

@@ -4,7 +4,9 @@
 #include "branch.h"
 
 #include "data_base_funcs.h"
+#include "entry_scheme.h"
 #include "keyed_collections.h"
+#include "outline.h"
 #include "tree_view.h"
 
 #include <algorithm>
@@ -23,6 +25,25 @@ std::vector<EntryKey> BranchOf(const Node& top) {
     std::reverse(ahead.begin() + static_cast<ptrdiff_t>(first), ahead.end());
   }
   return branch;
+}
+
+QByteArray OutlineOf(const Node& top) {
+  QByteArray text;
+  qsizetype depth = top.Tag() == kRootTag ? -1 : 0;
+  for (const Node* node = &top; node != nullptr;) {
+    if (depth >= 0) AppendOutlineLine(text, depth, node->Text());
+    if (node->Child() != nullptr) {
+      node = node->Child();
+      ++depth;
+      continue;
+    }
+    while (node != &top && node->Next() == nullptr) {
+      node = node->Parent();
+      --depth;
+    }
+    node = node == &top ? nullptr : node->Next();
+  }
+  return text;
 }
 
 std::exception_ptr DeleteBranch(const std::vector<EntryKey>& branch, TreePrptys& words,

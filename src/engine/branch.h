@@ -5,6 +5,8 @@
 
 #include "entry_key.h"
 
+#include <QByteArray>
+
 #include <exception>
 #include <vector>
 
@@ -16,6 +18,9 @@ class TreeView;
 // The keys of the node and of all nodes below it, each before its children and siblings in their
 // order, however deep they nest.
 std::vector<EntryKey> BranchOf(const Node& top);
+
+// The branch as an outline in UTF-8, the node itself at its left edge; of the root, the categories.
+QByteArray OutlineOf(const Node& top);
 
 // Deletes the rows of the words of a branch one by one, as far as it goes, and forgets the records:
 // when the first row is gone, those of the whole branch, for what is left of it hangs on nothing.

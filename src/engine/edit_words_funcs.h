@@ -4,14 +4,18 @@
 #pragma once
 
 #include "entry_key.h"
+#include "outline.h"
+#include "paste_store.h"
 #include "shared_text.h"
 
 #include <QList>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 class Connection;
+class DataBaseFuncs;
 class ListView;
 class Node;
 class Recordset;
@@ -75,6 +79,20 @@ class EditWordsFuncs {
   };
   const QList<SkippedWord>& SkippedWords() const { return skippedWords_; }
 
+  // Stores the entries of `outline` in its order, below the category or word keyed ParentKey, where
+  // all are words, or below the root, and shows them in the tree and the records. An entry whose
+  // name is taken is skipped: what is below it goes below the one that is there when that is at the
+  // same place, and is skipped with it when not. The first line that is at fault or cannot be
+  // stored is the end; what was stored before it stays.
+  struct Pasted {
+    qsizetype categories = 0;
+    qsizetype words = 0;
+    qsizetype skipped = 0;
+    // The line is 0 when nothing at all was stored for a reason that lies in none.
+    std::optional<LineRemark> failure;
+  };
+  Pasted Paste(TreeView& TheTree, EntryKey ParentKey, const Outline& outline, DataBaseFuncs& rows);
+
   // A name that no category has, and one that no word of the category DictID has at any level.
   QString TreeDictNewName();
   QString TreeWordNewName(qint32 DictID);
@@ -84,6 +102,7 @@ class EditWordsFuncs {
   // they had records before, which `before` holds, their keys are taken over from there.
   void AddWords(TreeNodes& nodes, TreePrptys& records, EntryKey categoryKey, qint32 DictID,
                 const std::vector<WordRow>& words, TreePrptys* before = nullptr);
+  void AddBranches(TreeNodes& nodes, const PasteStore::Category& category);
   EntryKey NextKey();
   // The key of the node that the branch hangs under, of none or of no node when that is gone.
   EntryKey ParentOf(const DeletedRows& rows);

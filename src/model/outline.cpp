@@ -3,6 +3,8 @@
 
 #include "outline.h"
 
+#include "cell_reader.h"
+
 #include "characters.h"
 
 #include "error.h"
@@ -20,6 +22,12 @@ bool IsLoneSurrogate(const QString& name, qsizetype i) {
     return i + 1 == name.size() || !name[i + 1].isLowSurrogate();
   }
   return name[i].isLowSurrogate() && (i == 0 || !name[i - 1].isHighSurrogate());
+}
+
+void RequireFitting(const QString& name) {
+  if (Characters(name) <= kMostCharacters) return;
+  throw Error(
+      QStringLiteral("名称有 %1 个字符，最多 %2 个。").arg(Characters(name)).arg(kMostCharacters));
 }
 
 // Turns the escapes of one line's name into what they stand for.
@@ -69,11 +77,7 @@ QString Unescape(const QString& text) {
       throw Error(QStringLiteral("名称中有不成对的代理项（\\ud800 至 \\udfff）。"));
     }
   }
-  if (Characters(name) > kMostCharacters) {
-    throw Error(QStringLiteral("名称有 %1 个字符，最多 %2 个。")
-                    .arg(Characters(name))
-                    .arg(kMostCharacters));
-  }
+  RequireFitting(name);
   return name;
 }
 
@@ -95,6 +99,26 @@ QByteArray WithoutMark(const QByteArray& text) {
   return decoded.toUtf8();
 }
 
+// The lines that the next one may hang on, each more indented than the one before.
+struct LineAbove {
+  qsizetype depth;
+  qint32 number;  // of its word, 0 for a category
+};
+
+// Appends a line to the last one of `path` that is less indented, or as a category.
+void Append(Outline& outline, std::vector<LineAbove>& path, qsizetype depth, QString name,
+            int line) {
+  while (!path.empty() && path.back().depth >= depth) path.pop_back();
+  if (path.empty()) {
+    outline.categories.push_back({std::move(name), line, {}});
+    path.push_back({depth, 0});
+  } else {
+    auto& words = outline.categories.back().words;
+    words.push_back({std::move(name), path.back().number, line});
+    path.push_back({depth, static_cast<qint32>(words.size())});
+  }
+}
+
 }  // namespace
 
 QString TextOf(std::vector<LineRemark> remarks) {
@@ -114,8 +138,7 @@ QString TextOf(std::vector<LineRemark> remarks) {
 
 Outline ParseOutline(const QByteArray& text) {
   Outline outline;
-  std::vector<qint32> path;  // the last word's number at every depth
-  qsizetype lastDepth = -1;
+  std::vector<LineAbove> path;
   const QByteArray utf8 = WithoutMark(text);
   qsizetype position = 0;
   for (int line = 1; position < utf8.size(); ++line) {
@@ -134,24 +157,45 @@ Outline ParseOutline(const QByteArray& text) {
     // A refused line keeps its place, so that those below it are not refused for it.
     QString name;
     try {
-      if (depth > lastDepth + 1) {
-        throw Error(lastDepth < 0 ? QStringLiteral("第一个分类条目之前不能有分类词。")
-                                  : QStringLiteral("缩进比上一行多出不止一级。"));
+      if (depth > (path.empty() ? 0 : path.back().depth + 1)) {
+        throw Error(path.empty() ? QStringLiteral("第一个分类条目之前不能有分类词。")
+                                 : QStringLiteral("缩进比上一行多出不止一级。"));
       }
       name = NameOf(bytes);
     } catch (const Error& error) {
       outline.faults.push_back({line, error.Description()});
     }
-    lastDepth = depth;
-    if (depth == 0) {
-      outline.categories.push_back({std::move(name), line, {}});
-      path.clear();
-    } else if (!outline.categories.empty()) {
-      auto& words = outline.categories.back().words;
-      path.resize(static_cast<size_t>(depth - 1));
-      words.push_back({std::move(name), path.empty() ? 0 : path.back(), line});
-      path.push_back(static_cast<qint32>(words.size()));
+    Append(outline, path, depth, std::move(name), line);
+  }
+  return outline;
+}
+
+Outline ParseList(const QString& text) {
+  Outline outline;
+  std::vector<LineAbove> path;
+  CellReader cells(text);
+  while (!cells.AtEnd()) {
+    const int line = cells.Line();
+    QString name;
+    qsizetype depth = 0;
+    bool hasMore = true;
+    for (QString cell; hasMore;) {
+      hasMore = cells.Read(cell);
+      if (!name.isEmpty()) continue;
+      if (QStringView(cell).trimmed().isEmpty()) {
+        ++depth;
+      } else {
+        name = OnOneLine(cell);
+      }
     }
+    if (name.isEmpty()) continue;
+    try {
+      RequireFitting(name);
+    } catch (const Error& error) {
+      outline.faults.push_back({line, error.Description()});
+      name = QString();
+    }
+    Append(outline, path, depth, std::move(name), line);
   }
   return outline;
 }

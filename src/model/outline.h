@@ -36,13 +36,20 @@ struct LineRemark {
 QString TextOf(std::vector<LineRemark> remarks);
 
 struct Outline {
-  std::vector<OutlineCategory> categories;
-  std::vector<LineRemark> faults;  // of lines that are malformed or whose name is too long
+  std::vector<OutlineCategory> categories;  // or, where it was taken from below one, words
+  std::vector<LineRemark> faults;           // of lines that are malformed or whose name is too long
 };
 
 // Reads a whole outline, in UTF-8 or, with a byte order mark, in UTF-16. Raises Error for a text
 // that cannot be read at all.
 Outline ParseOutline(const QByteArray& text);
+
+// Reads a text that was not written as an outline: lines that somebody has typed, the cells of a
+// spreadsheet. A line hangs on the last one before it that is less indented, by however many tabs;
+// of the cells of a spreadsheet's row (see CellReader) the first one with a text counts, those
+// before it being such tabs. A name is put on one line; a backslash in it is just that. What has no
+// text is passed over; a fault is a name that is too long.
+Outline ParseList(const QString& text);
 
 // Appends the line of a category (depth 0) or of a word.
 void AppendOutlineLine(QByteArray& text, qsizetype depth, const QString& name);

@@ -22,3 +22,11 @@ inline QString Shortened(const QString& name) {
   if (name.size() <= kMost) return name;
   return name.first(name[kMost - 1].isHighSurrogate() ? kMost - 1 : kMost) + u'…';
 }
+
+// Whether a line ends with it: line feed, carriage return and what Unicode adds to them.
+bool IsLineBreak(QChar c);
+
+// What of a text that comes in from elsewhere can be part of a name. Breaks and tabs are trimmed
+// from its ends, a run of them inside becomes a blank; halves of surrogate pairs and null
+// characters go.
+QString OnOneLine(QStringView text);

@@ -80,8 +80,8 @@ bool LabelEditing::End(LabelEditor::Ending ending) {
   const bool isChanged = editor_->IsChanged();
   CloseEditor();
   qint16 cancel = 0;
-  const bool isGiven =
-      ending == LabelEditor::Ending::kEnter || (ending == LabelEditor::Ending::kLeft && isChanged);
+  using Ending = LabelEditor::Ending;
+  const bool isGiven = ending != Ending::kEscape && (ending != Ending::kLeft || isChanged);
   if (isGiven) {
     const QPersistentModelIndex edited = edited_;
     Q_EMIT tree_.AfterLabelEdit(cancel, text);
@@ -89,6 +89,7 @@ bool LabelEditing::End(LabelEditor::Ending ending) {
     if (cancel == 0 && node != nullptr) tree_.SetText(*node, text);
   }
   if (state_ == State::kEnding) state_ = State::kClosed;
+  if (ending == Ending::kNext && cancel == 0) Q_EMIT tree_.NextLabelWanted();
   return cancel == 0;
 }
 

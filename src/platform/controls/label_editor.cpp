@@ -20,29 +20,6 @@
 
 namespace {
 
-bool IsBreak(QChar c) {
-  return c == u'\t' || c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == QChar(0x85) ||
-         c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-}
-
-// What of a text that comes in from elsewhere can be part of a label.
-QString OnOneLine(QStringView text) {
-  QString line;
-  bool afterBreak = false;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar c = text[i];
-    const bool isPair = c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-    if (IsBreak(c)) {
-      afterBreak = true;
-    } else if (isPair || !(c.isSurrogate() || c.isNull())) {
-      if (std::exchange(afterBreak, false) && !line.isEmpty()) line += u' ';
-      line += c;
-      if (isPair) line += text[++i];
-    }
-  }
-  return line;
-}
-
 // The first `count` characters, or all when there are fewer.
 QString FirstCharacters(const QString& text, qsizetype count) {
   qsizetype end = 0;
@@ -89,10 +66,12 @@ void LabelEditor::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
       // While a candidate is being composed the key only confirms it.
-      if (preedit_.isEmpty()) {
-        Q_EMIT Ended(Ending::kEnter);
-      } else {
+      if (!preedit_.isEmpty()) {
         TakeOverPreedit();
+      } else if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        Q_EMIT Ended(Ending::kEnter);
+      } else if (!event->isAutoRepeat()) {
+        Q_EMIT Ended(Ending::kNext);
       }
       return;
     case Qt::Key_Escape:

@@ -5,17 +5,17 @@
 
 #include <QLineEdit>
 
-// The in-place editor of a label. It tells when Enter or Escape end it; all else that ends it is
-// its owner's affair. Text being composed with an input method is never lost: Enter and a loss of
-// focus take it over. It opens on the whole of any text. What comes in is one line: breaks and tabs
-// are trimmed from its ends, a run of them inside becomes a blank, halves of surrogate pairs and
-// null characters go; what is more than kMostCharacters in all is refused with a sound and a tool
-// tip.
+// The in-place editor of a label. It tells when Enter, Ctrl+Enter or Escape end it; all else that
+// ends it is its owner's affair. Text being composed with an input method is never lost: Enter and
+// a loss of focus take it over. It opens on the whole of any text. What comes in is one line:
+// breaks and tabs are trimmed from its ends, a run of them inside becomes a blank, halves of
+// surrogate pairs and null characters go; what is more than kMostCharacters in all is refused with
+// a sound and a tool tip.
 class LabelEditor : public QLineEdit {
   Q_OBJECT
 
  public:
-  enum class Ending { kEnter, kEscape, kLeft };
+  enum class Ending { kEnter, kNext, kEscape, kLeft };
 
   LabelEditor(const QString& text, QWidget* parent);
 

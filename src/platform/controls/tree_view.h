@@ -91,6 +91,8 @@ class TreeView : public QTreeView {
   // The user has ended the editing of the selected node's label, the editor is closed; a non-zero
   // `cancel` keeps the old text.
   void AfterLabelEdit(qint16& cancel, const QString& newString);
+  // After that, where Ctrl+Enter has ended it and the text was taken: another name is to follow.
+  void NextLabelWanted();
   void GotFocus();
   // The context-menu key was pressed; `position` on the screen belongs to the selected node.
   void ContextMenuKey(const QPoint& position);

@@ -6,6 +6,7 @@
 #include "connection.h"
 #include "database_error.h"
 #include "dialect.h"
+#include "transaction.h"
 
 #include <utility>
 
@@ -45,17 +46,17 @@ void BulkWriter::Finish() {
   const QStringList rows = std::exchange(rows_, {});
   characters_ = 0;
   try {
-    // What a failing statement has done is taken back, so that its rows can be tried one by one.
-    connection_.Execute(QStringLiteral("savepoint BulkWriter"));
-    connection_.Execute(insert_ + rows.join(u','));
-    storedRows_ += rows.size();
+    Store(rows.join(u','), rows.size());
+    return;
   } catch (const DatabaseError& error) {
     if (!error.IsRowRefused()) throw;
-    connection_.Execute(QStringLiteral("rollback to savepoint BulkWriter"));
-    for (const QString& row : rows) {
-      connection_.Execute(insert_ + row);
-      ++storedRows_;
-    }
   }
-  connection_.Execute(QStringLiteral("release savepoint BulkWriter"));
+  for (const QString& row : rows) Store(row, 1);
+}
+
+void BulkWriter::Store(const QString& rows, qsizetype count) {
+  Savepoint savepoint(connection_);
+  connection_.Execute(insert_ + rows);
+  savepoint.Release();
+  storedRows_ += count;
 }

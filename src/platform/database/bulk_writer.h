@@ -10,7 +10,7 @@
 #include <vector>
 
 // Stores many rows in a table, several by one statement: what a row costs is the way to the engine
-// and back. To be used within a Transaction, since a failure leaves the rows before it stored.
+// and back. Only within a Transaction, which a failure leaves with the rows before it stored.
 class BulkWriter {
  public:
   // `columns` as in "ID,NodeName".
@@ -26,6 +26,8 @@ class BulkWriter {
   qsizetype StoredRows() const { return storedRows_; }
 
  private:
+  void Store(const QString& rows, qsizetype count);
+
   Connection& connection_;
   const QString insert_;
   QStringList rows_;

@@ -48,6 +48,7 @@ class Connection {
 
  private:
   friend class Recordset;
+  friend class Savepoint;
   friend class Transaction;
   std::unique_ptr<OdbcConnection> impl_;
 };

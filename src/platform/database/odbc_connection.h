@@ -17,6 +17,7 @@ struct OdbcConnection {
   OdbcHandle environment;
   OdbcHandle handle;
   bool inTransaction = false;
+  bool canCommit = true;
 
   std::function<void()> stepHook;
 

@@ -13,6 +13,7 @@ Transaction::Transaction(Connection& connection, Use use) : connection_(connecti
   if (odbc.inTransaction) throw DatabaseError(QStringLiteral("事务已经开始。"));
   odbc.Run(use == Use::kWrite ? odbc.dialect->beginToWrite : odbc.dialect->beginToRead);
   odbc.inTransaction = true;
+  odbc.canCommit = true;
 }
 
 Transaction::~Transaction() {
@@ -29,6 +30,7 @@ Transaction::~Transaction() {
 }
 
 void Transaction::Commit() {
+  if (!connection_.impl_->canCommit) throw DatabaseError(QStringLiteral("事务已经失败。"));
   connection_.impl_->TakeStep();
   End("commit");
 }
@@ -43,4 +45,24 @@ void Transaction::End(const char* statement) {
   if (!odbc.inTransaction) throw DatabaseError(QStringLiteral("没有已经开始的事务。"));
   odbc.Run(statement);
   odbc.inTransaction = false;
+}
+
+Savepoint::Savepoint(Connection& connection) : connection_(connection) {
+  connection_.Execute(QStringLiteral("savepoint Step"));
+}
+
+Savepoint::~Savepoint() {
+  if (isReleased_) return;
+  try {
+    connection_.Execute(QStringLiteral("rollback to savepoint Step"));
+    Release();
+  } catch (const DatabaseError&) {
+    // What led here is being reported; some engines would say that they have committed.
+    connection_.impl_->canCommit = false;
+  }
+}
+
+void Savepoint::Release() {
+  connection_.Execute(QStringLiteral("release savepoint Step"));
+  isReleased_ = true;
 }

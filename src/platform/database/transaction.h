@@ -28,3 +28,22 @@ class Transaction {
 
   Connection& connection_;
 };
+
+// Within a Transaction: lets what the statements from its making on have done be taken back alone,
+// as happens at its end unless it was released. Engines that refuse every statement after a failing
+// one take further ones then. One at a time.
+class Savepoint {
+ public:
+  explicit Savepoint(Connection& connection);
+  // When it cannot be taken back, the transaction cannot be committed either.
+  ~Savepoint();
+  Savepoint(const Savepoint&) = delete;
+  Savepoint& operator=(const Savepoint&) = delete;
+
+  // What was done belongs to the transaction.
+  void Release();
+
+ private:
+  Connection& connection_;
+  bool isReleased_ = false;
+};

@@ -18,6 +18,10 @@
 #include "tree_view.h"
 #include "word_tree.h"
 
+#include <QApplication>
+#include <QScreen>
+#include <QToolTip>
+
 #include <exception>
 #include <optional>
 #include <unordered_set>
@@ -65,6 +69,7 @@ void frmMain::NewDict() {
   TheWordTree().colDictPrptys().Add(newItemId, position, key, name, EntryTag(), key);
   node.Keep();
   tvTreeView->StartLabelEdit();
+  TellOfNewBeside();
 }
 
 void frmMain::EndWithoutIdentifier(const QString& reason) {
@@ -94,6 +99,30 @@ void frmMain::NewWord(qint32 Sel) {
   TheWordTree().colTreePrptys().Add(dicId, newId, fatherId, name, key, kWordTag, parentKey, key);
   node.Keep();
   tvTreeView->StartLabelEdit();
+  TellOfNewBeside();
+}
+
+// Of the same kind as the selected node, and with the same parent.
+void frmMain::NewBeside() {
+  if (SelectedTag() == kCategoryTag) {
+    NewDict();
+    return;
+  }
+  tvTreeView->SetSelectedItem(*tvTreeView->SelectedItem()->Parent());
+  mnuEditNewWord_Click();
+}
+
+// Once in a run, beside the editor and never over it.
+void frmMain::TellOfNewBeside() {
+  const QWidget* const editor = QApplication::focusWidget();
+  if (hasToldOfNewBeside_ || !tvTreeView->IsEditing() || editor == nullptr) return;
+  hasToldOfNewBeside_ = true;
+  constexpr int kRoom = 48;
+  const bool hasRoom = editor->mapToGlobal(editor->rect().bottomLeft()).y() + kRoom <
+                       editor->screen()->availableGeometry().bottom();
+  const QPoint corner = hasRoom ? editor->rect().bottomLeft() : editor->rect().topRight();
+  QToolTip::showText(editor->mapToGlobal(corner),
+                     QStringLiteral("按 Ctrl+Enter 保存并接着新建下一个"), tvTreeView);
 }
 
 void frmMain::DeleteNode(qint32 Sel) {

@@ -212,6 +212,7 @@ void frmMain::ConnectEvents() {
   connect(tvTreeView, &TreeView::GotFocus, this, Guarded([this] { tvTreeView_GotFocus(); }));
   connect(tvTreeView, &TreeView::ContextMenuKey, this,
           Guarded([this](const QPoint& position) { ShowPopMnu(position); }));
+  connect(tvTreeView, &TreeView::NextLabelWanted, this, Guarded([this] { NewBeside(); }));
   connect(lvListView, &ListView::MouseMove, this,
           Guarded([this](int, float X, float Y) { lvListView_MouseMove(X, Y); }));
 
@@ -245,14 +246,20 @@ void frmMain::ConnectEvents() {
   auto* const reload = new QShortcut(Qt::Key_F5, this);
   reload->setAutoRepeat(false);
   connect(reload, &QShortcut::activated, this, Guarded([this] { ReloadWordLib(); }));
-  // The tree's own: in an editor both keys are the text's.
-  const auto onKey = [this](const QKeySequence& key, void (frmMain::*act)()) {
-    auto* const shortcut = new QShortcut(key, tvTreeView, nullptr, nullptr, Qt::WidgetShortcut);
+  // A control's own: in an editor these keys are the text's. The views themselves copy a name.
+  const auto onKey = [this](QWidget* control, const QKeySequence& key, const auto& act) {
+    auto* const shortcut = new QShortcut(key, control, nullptr, nullptr, Qt::WidgetShortcut);
     shortcut->setAutoRepeat(false);
-    connect(shortcut, &QShortcut::activated, this, Guarded([this, act] { (this->*act)(); }));
+    connect(shortcut, &QShortcut::activated, this, Guarded(act));
   };
-  onKey(Qt::Key_Delete, &frmMain::mnuEditDelete_Click);
-  onKey(Qt::CTRL | Qt::Key_Z, &frmMain::TakeBackDelete);
+  const QKeySequence copyBranch(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+  onKey(tvTreeView, Qt::Key_Delete, [this] { mnuEditDelete_Click(); });
+  onKey(tvTreeView, Qt::CTRL | Qt::Key_Z, [this] { TakeBackDelete(); });
+  onKey(tvTreeView, copyBranch, [this] { CopyBranch(tvTreeView->SelectedItem()); });
+  onKey(lvListView, copyBranch, [this] { CopyListedBranch(); });
+  for (const QKeySequence& paste : QKeySequence::keyBindings(QKeySequence::Paste)) {
+    onKey(tvTreeView, paste, [this] { PasteList(); });
+  }
 
   QWidget::setTabOrder(tvTreeView, lvListView);
   QWidget::setTabOrder(lvListView, &tbToolBar->Button(QStringLiteral("新条目")));

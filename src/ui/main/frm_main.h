@@ -98,6 +98,8 @@ class frmMain : public QMainWindow {
   void mnuPopDelete_Click() { mnuEditDelete_Click(); }
   void mnuPopRename_Click() { mnuEditRename_Click(); }
   void NewDict();
+  void NewBeside();
+  void TellOfNewBeside();
   void NewWord(qint32 Sel);
   void DeleteNode(qint32 Sel);
   void DeleteCategory(EntryKey NodeKey);
@@ -109,6 +111,12 @@ class frmMain : public QMainWindow {
   bool ListShowsBrothers(EntryKey NodeKey) const;
   void ClearList();
   EntryTag SelectedTag() const;
+
+  // The clipboard. A list is pasted below the selected node; a failure is told and is not the end.
+  void CopyBranch(const Node* node);
+  void CopyListedBranch();
+  void PasteList();
+  void TellAt(Node& node, const QString& text);
 
   // Bars and menus.
   void mnuClose_Click();
@@ -180,4 +188,5 @@ class frmMain : public QMainWindow {
   // An empty name was refused: the editor opens again when the tree gets the focus.
   bool EditAgain = false;
   bool SplitterMoving = false;
+  bool hasToldOfNewBeside_ = false;
 };
