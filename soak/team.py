@@ -142,11 +142,14 @@ class Team:
         figures = collections.Counter()
         born, owner = {}, {}
         renamed = collections.defaultdict(set)  # old name: its new names
-        dead, dropped, may_be_dropped = set(), set(), set()
+        dead, may_be_back = set(), set()
+        dropped, may_be_dropped, categories_back = set(), set(), set()
         hits = collections.defaultdict(int)  # changes of a row: those by its name and those by its number
         for client in self.clients:
-            last = []
-            for tried, outcome in client.acts():
+            acts = list(client.acts())
+            # What a window deleted may be back, with all that colleagues had put there, whoever deletes it again.
+            restores = any(tried[0] == "restore" for tried, _ in acts)
+            for tried, outcome in acts:
                 what, done = tried[0], outcome[0] == "done"
                 figures[f"{what} {outcome[0]}"] += 1
                 if outcome[0] == "refused" and not outcome[1].strip():
@@ -163,22 +166,12 @@ class Team:
                         born.setdefault(new, row[0])
                         owner[new] = row
                 elif what == "delete":
-                    last = [tried[i + 1] for i in range(2, len(tried) - 1, 2)]
                     for i in range(2, len(tried) - 1, 2):
                         hits[(int(tried[1]), int(tried[i])), tried[i + 1]] += 1
-                    if done:
-                        dead.update(last)
+                        (dead if done and not restores else may_be_back).add(tried[i + 1])
                 elif what == "drop":
-                    last = int(tried[1])
-                    may_be_dropped.add(last)
-                    if done:
-                        dropped.add(last)
-                elif what == "restore" and last:
-                    if isinstance(last, int):
-                        dropped.discard(last)
-                    else:
-                        dead.difference_update(last)
-                    last = []
+                    may_be_dropped.add(int(tried[1]))
+                    (dropped if done and not restores else categories_back).add(int(tried[1]))
         by_row = collections.Counter()
         for (row, _), count in hits.items():
             by_row[row] += count
@@ -191,8 +184,10 @@ class Team:
             if untouched and name not in names:
                 self.faults.append(f"{name} was confirmed and nobody touched it, but it is not there")
             figures["confirmed and untouched"] += untouched
-            if gid in dropped and name in names:
+            if gid in dropped - categories_back and name in names:
                 self.faults.append(f"{name} is there, but its category {gid} was deleted")
+        dead -= may_be_back
+        dead -= {name for name, gid in born.items() if gid in categories_back}
         for name in dead & names:
             self.faults.append(f"{name} is there, but it was deleted")
         figures["deleted"] = len(dead)
