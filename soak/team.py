@@ -23,9 +23,16 @@ import sys
 import tempfile
 import time
 
+GUARDS = "分类条目或上级词刚刚被另一个用户删除，没有保存"
 # What stays wrong after clients were at work at the same time: a word was put below another one that was just
 # being deleted, row by row; two windows chose the same name for a new word.
 KNOWN = re.compile("上级 FatherID=[0-9]+ 不存在|^分类词“新加词[0-9]*”.*重名")
+
+
+class Fields(list):
+    def __init__(self, fields, time_):
+        super().__init__(fields)
+        self.time = time_
 
 
 class Client:
@@ -43,17 +50,18 @@ class Client:
         tried = None
         # The last line is whole or was never written.
         for line in self.journal.read_text(encoding="utf-8", errors="replace").splitlines():
-            fields = line.split("\t")
+            time_, *fields = line.split("\t")
+            fields = Fields(fields, int(time_))
             if fields[0] in ("done", "refused"):
                 if tried:
                     yield tried, fields
                 tried = None
             else:
                 if tried:
-                    yield tried, ["killed", ""]
+                    yield tried, Fields(["killed", ""], fields.time)
                 tried = fields
         if tried:
-            yield tried, ["killed", ""]
+            yield tried, Fields(["killed", ""], float("inf"))
 
 
 class Team:
@@ -70,12 +78,20 @@ class Team:
         self.clients = []
         self.faults = []
 
-    def admin(self, *words, status=(0,)):
+    def admin(self, *words):
         done = subprocess.run([self.build / "hcwordlib-admin", *words], env=self.env, check=False, text=True,
                               capture_output=True, timeout=600)
-        if done.returncode not in status:
+        if done.returncode:
             raise SystemExit(f"hcwordlib-admin {' '.join(words)}: {done.returncode}\n{done.stdout}{done.stderr}")
         return done.stdout
+
+    def check(self, *words):
+        """The faults that are left, a line each."""
+        done = subprocess.run([self.build / "hcwordlib-admin", "check", *words], env=self.env, check=False, text=True,
+                              capture_output=True, timeout=600)
+        if done.returncode not in (0, 1):
+            raise SystemExit(f"check: {done.returncode}\n{done.stdout}{done.stderr}")
+        return done.stdout.splitlines() if done.returncode == 1 else []
 
     def prepare(self, engine):
         subprocess.run([self.build / "hcwordlib-team", "empty", engine, "0"], env=self.env, check=True, timeout=60)
@@ -93,11 +109,10 @@ class Team:
 
     def mend(self):
         """Repairs what is known to go wrong; the number of these faults."""
-        wrong = self.admin("check", status=(0, 1)).splitlines()[:-1]
+        wrong = self.check()
         self.faults += [line for line in wrong if not KNOWN.search(line)]
         if wrong:
-            self.admin("check", "--repair", status=(0, 1))
-            self.faults += self.admin("check", status=(0, 1)).splitlines()[:-1]
+            self.faults += self.check("--repair") + self.check()
         return len(wrong)
 
     def start(self, kind):
@@ -155,9 +170,9 @@ class Team:
                 if outcome[0] == "refused" and not outcome[1].strip():
                     self.faults.append(f"{client.name}: {tried} was refused and nothing was told")
                 if what == "create" and done:
-                    gid = int(tried[1])
-                    born[tried[2]] = gid or int(outcome[1])
-                    owner[tried[2]] = (gid, int(outcome[1])) if gid else None
+                    gid, number, name = int(tried[1]), int(outcome[1]), tried[3]
+                    born[name] = gid or number
+                    owner[name] = (gid, number) if gid else None
                 elif what == "rename":
                     row, old, new = (int(tried[1]), int(tried[2])), tried[3], tried[4]
                     hits[row, old] += 1
@@ -172,6 +187,7 @@ class Team:
                 elif what == "drop":
                     may_be_dropped.add(int(tried[1]))
                     (dropped if done and not restores else categories_back).add(int(tried[1]))
+        self.judge_parents(figures)
         by_row = collections.Counter()
         for (row, _), count in hits.items():
             by_row[row] += count
@@ -192,6 +208,44 @@ class Team:
             self.faults.append(f"{name} is there, but it was deleted")
         figures["deleted"] = len(dead)
         return figures
+
+    def judge_parents(self, figures):
+        """A word was confirmed although its parent had been deleted before."""
+        acts = [act for client in self.clients for act in client.acts()]
+        gone = collections.defaultdict(list)  # row: when its delete was confirmed
+        for tried, outcome in acts:
+            if tried[0] == "delete" and outcome[0] == "done":
+                for i in range(2, len(tried) - 1, 2):
+                    gone[int(tried[1]), int(tried[i])].append(outcome.time)
+        # When a row may have come: with the number that was told, or with one that was not.
+        come, unknown = collections.defaultdict(list), collections.defaultdict(list)
+        for tried, outcome in acts:
+            if tried[0] == "create" and outcome[0] == "done":
+                come[int(tried[1]), int(outcome[1])].append(outcome.time)
+            elif tried[0] == "create":
+                unknown[int(tried[1])].append(tried.time)
+        # What a window deleted may be back.
+        back, categories_back = set(), set()
+        for client in self.clients:
+            for tried, _ in client.acts() if client.kind == "window" else ():
+                if tried[0] == "drop":
+                    categories_back.add(int(tried[1]))
+                elif tried[0] == "delete":
+                    back.update((int(tried[1]), int(tried[i])) for i in range(2, len(tried) - 1, 2))
+        for tried, outcome in acts:
+            if tried[0] != "create":
+                continue
+            gid, row = int(tried[1]), (int(tried[1]), int(tried[2]))
+            figures["refused by the guards"] += GUARDS in outcome[1]
+            before = max((when for when in gone[row] if when < tried.time), default=None) if row[1] else None
+            if before is None or row in back or gid in categories_back:
+                continue
+            if any(when > before for when in come[row] + unknown[gid] if when < outcome.time):
+                continue
+            if outcome[0] == "done":
+                self.faults.append(f"{tried[3]} was put below {row}, which had been deleted")
+        if not figures["refused by the guards"]:
+            self.faults.append("the guards refused nothing")
 
 
 def main():

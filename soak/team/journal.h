@@ -6,9 +6,10 @@
 #include <QStringList>
 
 // What one client of the team tried and what came of it, as lines on standard output: the fields
-// divided by tabs, in one write each, so that what was confirmed to the client stands there even
-// when it is killed at the next instant. First what is tried:
-//   create  GID NAME               a category (GID 0, not known yet) or a word
+// divided by tabs behind the time in nanoseconds of the machine, in one write each, so that what
+// was confirmed to the client stands there even when it is killed at the next instant. First what
+// is tried:
+//   create  GID FATHERID NAME      a category (GID 0, not known yet) or a word
 //   rename  GID ID OLD NEW         a word
 //   delete  GID ID NAME ID NAME... a word and the words below it, as the client knows them
 //   drop    GID NAME               a category

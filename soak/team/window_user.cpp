@@ -100,7 +100,10 @@ void WindowUser::SelectAny() {
 void WindowUser::AddWord() {
   const Node* const parent = tree_->SelectedItem();
   const QString name = FreshName();
-  journal_.Try({QStringLiteral("create"), QString::number(CategoryOf(*parent)), name});
+  const bool isTop = parent->Tag() == kCategoryTag;
+  const qint32 fatherId = isTop ? 0 : TheWordTree().colTreePrptys().Item(parent->Key()).ID();
+  journal_.Try({QStringLiteral("create"), QString::number(CategoryOf(*parent)),
+                QString::number(fatherId), name});
   Press("新词");
   const Node* const added = tree_->SelectedItem();
   if (added == parent || !NameIt(name)) return journal_.Refused(Told());

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <set>
 
 namespace {
@@ -20,7 +21,9 @@ constexpr size_t kFewCategories = 6;
 }  // namespace
 
 void Journal::Write(const QStringList& fields) {
-  const QByteArray line = (fields.join(u'\t') + u'\n').toUtf8();
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  const QByteArray line = QByteArray::number(qint64{std::chrono::nanoseconds(now).count()}) + '\t' +
+                          (fields.join(u'\t') + u'\n').toUtf8();
   if (write(STDOUT_FILENO, line.constData(), static_cast<size_t>(line.size())) != line.size()) {
     _exit(EXIT_FAILURE);
   }
@@ -86,7 +89,7 @@ QString Writer::FreshName() {
 
 void Writer::AddCategory() {
   Category category{0, FreshName(), {}};
-  journal_.Try({QStringLiteral("create"), QStringLiteral("0"), category.name});
+  journal_.Try({QStringLiteral("create"), QStringLiteral("0"), QStringLiteral("0"), category.name});
   const bool isStored = Confirmed([&] {
     qint32 position = 0;
     QString reason;
@@ -100,7 +103,8 @@ void Writer::AddWord(Category& category) {
   const bool isTop = category.words.empty() || Below(3) == 0;
   Word word{0, isTop ? 0 : category.words[static_cast<size_t>(Below(category.words.size()))].id,
             FreshName()};
-  journal_.Try({QStringLiteral("create"), QString::number(category.gid), word.name});
+  journal_.Try({QStringLiteral("create"), QString::number(category.gid),
+                QString::number(word.fatherId), word.name});
   const bool isStored = Confirmed([&] {
     funcs_.AddItem(word.name, category.gid, word.id, word.fatherId);
     return word.id;
