@@ -58,7 +58,8 @@ class Screenshots(desktop.WindowTest):
         self.picture(folder / "popup.png", window, of_screen=True)
         self.key("Escape")
 
-        self.key("F2")
+        self.click_item(self.item(self.process, "push button", "新词"))
+        self.item(self.process, "text", "名称")
         self.picture(folder / "editing.png", window)
         self.key("Escape")
 
