@@ -30,12 +30,15 @@ Duplicates DuplicatesCalled(const QString& name) {
   throw UsageError(QStringLiteral("“%1”不是 refuse、skip 或 number。").arg(name));
 }
 
+// As ODBC has it (SQLConfigDataSource in its reference), where 32 is SQL_MAX_DSN_LENGTH.
 const QString& CheckedDsn(const QString& name) {
-  for (const QChar character : QStringLiteral("[]{}(),;?*=!@\\")) {
-    if (name.isEmpty() || name.contains(character)) {
-      throw UsageError(QStringLiteral("“%1”不是数据源的名称。").arg(name));
-    }
-  }
+  constexpr qsizetype kMostCharacters = 32;
+  const bool isName =
+      !name.isEmpty() && name.size() <= kMostCharacters && name.trimmed() == name &&
+      std::all_of(name.begin(), name.end(), [](QChar character) {
+        return character.isPrint() && !QStringLiteral("[]{}(),;?*=!@\\").contains(character);
+      });
+  if (!isName) throw UsageError(QStringLiteral("“%1”不是数据源的名称。").arg(name));
   return name;
 }
 
