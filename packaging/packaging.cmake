@@ -69,6 +69,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # The linked libraries are found by dpkg-shlibdeps; named here is what is loaded at run time: the plug-in
 # for the icons, which left libqt6svg6 after Debian 12, the driver of a library for one user, Qt's own texts
 # in Chinese, the characters.
+# ICU comes with Qt, whichever of its versions that has.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "qt6-svg-plugins | libqt6svg6 (<< 6.7), libsqliteodbc, odbcinst, qt6-translations-l10n, fonts-noto-cjk | fonts-wqy-microhei | fonts-wqy-zenhei")

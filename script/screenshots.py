@@ -53,14 +53,30 @@ class Screenshots(desktop.WindowTest):
         self.cell("粗车外圆")
         self.picture(folder / "main-window.png", window)
 
+        self.key("ctrl+f")
+        self.type("cwy")
+        self.item(self.process, "list item", "车细长轴外圆")
+        self.picture(folder / "find.png", window)
+        self.key("Escape", "Up")
+
         self.click_item(self.cell("车削"), button=3, dx=desktop.LABEL)
         wait_until(lambda: self.items(self.process, "popup menu"), "the pop-up menu")
         self.picture(folder / "popup.png", window, of_screen=True)
         self.key("Escape")
 
-        self.key("F2")
+        self.click_item(self.item(self.process, "push button", "新词"))
+        self.item(self.process, "text", "名称")
         self.picture(folder / "editing.png", window)
         self.key("Escape")
+
+        # As a spreadsheet would leave it in the clipboard.
+        column = self.home / "column"
+        column.write_text("粗车外圆，双边留精车余量 1 mm\n粗车外圆，切削深度 2～3 mm\n粗车外圆至图示尺寸\n", encoding="utf-8")
+        self.desktop.spawn("xclip", "-selection", "clipboard", column).wait(desktop.PATIENCE)
+        self.click_item(self.cell("车外圆"), dx=desktop.LABEL)
+        self.key("ctrl+v")
+        self.cell("粗车外圆至图示尺寸")
+        self.picture(folder / "paste.png", window, of_screen=True)
 
         self.key("alt+h", "Return")
         about = self.window_id("关于 HCWordLib")

@@ -9,8 +9,10 @@
 #include "library_tasks.h"
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -87,6 +89,19 @@ QString MakeLibrary(const QFileInfo& place, int folder, bool withSample) {
   return content;
 }
 
+// unixODBC makes the user's file of data sources when it is first asked for one, for everybody to
+// read; a password may come into it.
+void MakeEmptySourcesPrivate() {
+  QByteArray file = qgetenv("ODBCINI");
+  if (const passwd* user = getpwuid(getuid()); file.isEmpty() && user != nullptr) {
+    file = QByteArray(user->pw_dir) + "/.odbc.ini";
+  }
+  struct stat status {};
+  if (stat(file.constData(), &status) == 0 && S_ISREG(status.st_mode) && status.st_size == 0) {
+    chmod(file.constData(), S_IRUSR | S_IWUSR);
+  }
+}
+
 bool IsLibrary(const QString& file) {
   try {
     Connection connection;
@@ -132,6 +147,7 @@ QString MakeEmbeddedLibrary(const QString& dsn, const QString& file, bool withSa
 
   const QString content = isThere ? QStringLiteral("早已建立，内容没有改动")
                                   : MakeLibrary(place, folder.Get(), withSample);
+  MakeEmptySourcesPrivate();
   try {
     WriteDataSource(dsn, EntriesOf(path));
   } catch (const Error&) {

@@ -56,10 +56,17 @@ class Accessibility(desktop.WindowTest):
         self.key("Right", "Down")
         wait_until(lambda: panels[0].get_name() == "分类条目", "the panel shows the node's kind")
         self.assertEqual([item.get_name() for item in self.items(self.process, "list item")], ["粗车外圆", "车端面"])
-        self.key("Tab", "Tab")
+        self.assertEqual([item.get_name() for item in self.items(self.process, "table column header")], [desktop.TITLE])
+        self.key("F2")
+        self.item(self.process, "text", "名称")
+        self.key("Escape", "shift+F10")
+        self.item(self.process, "popup menu", "弹出菜单")
+        self.key("Escape", "Tab", "Tab")
         wait_until(lambda: self.focused() == ("push button", "新条目"), f"Tab leads to the tool bar, not {self.focused()}")
 
-        self.choose("alt+h", "Return")
+        self.key("Tab", "Tab", "Tab", "Tab")
+        wait_until(lambda: self.focused() == ("push button", "关于"), f"Tab leads to the picture, not {self.focused()}")
+        self.key("Return")
         box = self.window_id("关于 HCWordLib")
         texts = [item.get_name() for item in self.items(self.process, "label")]
         for text in (desktop.TITLE, "版本:2011"):

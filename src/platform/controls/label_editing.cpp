@@ -3,6 +3,7 @@
 
 #include "label_editing.h"
 
+#include "tree_item_delegate.h"
 #include "tree_view.h"
 
 #include <QAbstractButton>
@@ -60,8 +61,12 @@ void LabelEditing::Open() {
   Place();
   editor_->show();
   editor_->setFocus(Qt::OtherFocusReason);
-  editor_->selectAll();
+  // From the end, so that the beginning of a long name stays in sight.
+  const int end = static_cast<int>(editor_->text().size());
+  editor_->setSelection(end, -end);
   state_ = State::kOpen;
+  Delegate().SetEdited(edited_);
+  tree_.update(edited_);
   // The window hears of a press before the focus moves and before any control does.
   if (QWindow* const window = tree_.window()->windowHandle()) window->installEventFilter(this);
 }
@@ -96,11 +101,18 @@ bool LabelEditing::End(LabelEditor::Ending ending) {
 void LabelEditing::CloseEditor() {
   LabelEditor* const editor = std::exchange(editor_, nullptr);
   editor->disconnect(this);
+  Delegate().SetEdited(QModelIndex());
+  tree_.update(edited_);
   if (editor->hasFocus()) tree_.setFocus(Qt::OtherFocusReason);
   editor->hide();
   editor->deleteLater();
 }
 
+TreeItemDelegate& LabelEditing::Delegate() const {
+  return static_cast<TreeItemDelegate&>(*tree_.itemDelegate());
+}
+
+// The text stays where the label had it.
 void LabelEditing::Place() {
   const Node* const node = tree_.Nodes().NodeAt(edited_);
   if (editor_ == nullptr || node == nullptr) return;
@@ -109,7 +121,8 @@ void LabelEditing::Place() {
   const int room = tree_.viewport()->width() - label.left() - 1;
   const int width =
       qMin(qMax(editor_->WantedWidth(), kLeastEditorWidth), qMax(room, kLeastEditorWidth));
-  editor_->setGeometry(label.left() - 2, label.center().y() - height / 2, width, height);
+  const QPoint text = TreeItemDelegate::TextRect(label, tree_.fontMetrics()).topLeft();
+  editor_->setGeometry(QRect(text - editor_->TextBegin(height), QSize(width, height)));
 }
 
 bool LabelEditing::IsElsewhere(const QWidget* widget) const {

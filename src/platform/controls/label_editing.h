@@ -10,6 +10,7 @@
 #include <QTimer>
 
 class Node;
+class TreeItemDelegate;
 class TreeView;
 
 // The editing of a tree's labels. Its life:
@@ -51,6 +52,7 @@ class LabelEditing : public QObject {
  private:
   enum class State { kClosed, kArmed, kOpen, kEnding };
 
+  TreeItemDelegate& Delegate() const;
   void CloseEditor();
   // Whether a press on this part of the window, or the focus going there, ends the editing.
   bool IsElsewhere(const QWidget* widget) const;

@@ -20,6 +20,9 @@
 
 namespace {
 
+// What a line edit keeps free on either side of its text, in pixels.
+constexpr int kTextMargin = 2;
+
 // The first `count` characters, or all when there are fewer.
 QString FirstCharacters(const QString& text, qsizetype count) {
   qsizetype end = 0;
@@ -39,12 +42,21 @@ LabelEditor::LabelEditor(const QString& text, QWidget* parent)
   connect(this, &QLineEdit::textEdited, this, &LabelEditor::Edited);
 }
 
+QPoint LabelEditor::TextBegin(int height) const {
+  QStyleOptionFrame option;
+  initStyleOption(&option);
+  option.rect = QRect(0, 0, width(), height);
+  const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+  return contents.topLeft() +
+         QPoint(kTextMargin, (contents.height() - fontMetrics().height() + 1) / 2);
+}
+
 int LabelEditor::WantedWidth() const {
   QStyleOptionFrame option;
   initStyleOption(&option);
   const int text = fontMetrics().horizontalAdvance(QLineEdit::text() + preedit_);
-  // The line edit keeps two pixels on either side of its text, and the cursor wants its place.
-  const QSize contents(text + 8, fontMetrics().height());
+  constexpr int kCursorRoom = 4;
+  const QSize contents(text + 2 * kTextMargin + kCursorRoom, fontMetrics().height());
   return style()->sizeFromContents(QStyle::CT_LineEdit, &option, contents, this).width();
 }
 

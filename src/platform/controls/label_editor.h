@@ -22,6 +22,9 @@ class LabelEditor : public QLineEdit {
   // Whether the text is another than that with which the editor opened.
   bool IsChanged() const { return text() != initialText_; }
 
+  // Where the text begins when the editor is `height` pixels high, from its top-left corner.
+  QPoint TextBegin(int height) const;
+
   // The width that shows the whole text, in pixels.
   int WantedWidth() const;
 

@@ -28,7 +28,8 @@ class ListItemDelegate : public TreeItemDelegate {
 };
 
 constexpr int kIconSize = 16;
-constexpr int kWidestItem = 480;
+// The least width, in pixels, that long labels get in a narrow list.
+constexpr int kLeastWidth = 160;
 
 }  // namespace
 
@@ -46,8 +47,8 @@ ListView::ListView(QWidget* parent) : QListView(parent) {
   setIconSize(QSize(kIconSize, kIconSize));
   setTextElideMode(Qt::ElideRight);
   setMouseTracking(true);
-  connect(&items_, &QAbstractItemModel::rowsInserted, this, &ListView::FitItems);
-  FitItems();
+  connect(&items_, &QAbstractItemModel::rowsInserted, this, &ListView::Measure);
+  Measure();
 }
 
 ListView::~ListView() {
@@ -85,16 +86,26 @@ void ListView::mouseMoveEvent(QMouseEvent* event) {
 
 void ListView::changeEvent(QEvent* event) {
   QListView::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitItems();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Measure();
 }
 
-// As wide as the widest label asks, within reason; a longer one ends in an ellipsis.
-void ListView::FitItems() {
-  int widest = 0;
+void ListView::resizeEvent(QResizeEvent* event) {
+  FitItems();
+  QListView::resizeEvent(event);
+}
+
+void ListView::Measure() {
+  widest_ = 0;
   for (const QString& text : items_.LongestTexts()) {
-    widest = qMax(widest, fontMetrics().horizontalAdvance(text));
+    widest_ = qMax(widest_, fontMetrics().horizontalAdvance(text));
   }
-  const QSize size(qMin(widest + kIconSize + 30, kWidestItem),
+  FitItems();
+}
+
+// As wide as the widest label asks, if the list is; a longer one ends in an ellipsis.
+void ListView::FitItems() {
+  const int room = qMax(maximumViewportSize().width(), kLeastWidth);
+  const QSize size(qMin(widest_ + kIconSize + 30, room),
                    qMax(kIconSize, fontMetrics().height()) + 4);
   static_cast<ListItemDelegate*>(itemDelegate())->SetSize(size);
   scheduleDelayedItemsLayout();

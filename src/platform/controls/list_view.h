@@ -45,11 +45,14 @@ class ListView : public QListView {
  protected:
   void mouseMoveEvent(QMouseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void Measure();
   void FitItems();
 
   ListItems items_;
   QList<ColumnHeader> columnHeaders_;
   QCursor customPointer_;
+  int widest_ = 0;  // label, in pixels
 };

@@ -4,6 +4,7 @@
 #include "tool_bar.h"
 
 #include "error.h"
+#include "focus_frame.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -21,6 +22,13 @@ ToolBarButton::ToolBarButton(const QString& key, QWidget* parent) : QToolButton(
   setAutoRaise(true);
   setFixedSize(kButtonSize);
   setFocusPolicy(Qt::TabFocus);
+}
+
+// The styles' own mark is hardly seen on a flat button.
+void ToolBarButton::paintEvent(QPaintEvent* event) {
+  QToolButton::paintEvent(event);
+  QPainter painter(this);
+  if (hasFocus()) DrawFocusFrame(painter, rect(), palette().color(QPalette::WindowText));
 }
 
 ToolBar::ToolBar(QWidget* parent) : QWidget(parent) {

@@ -20,6 +20,7 @@ class ToolBarButton : public QToolButton {
 
  protected:
   void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {}
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   QString key_;

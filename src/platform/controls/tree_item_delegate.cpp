@@ -3,8 +3,13 @@
 
 #include "tree_item_delegate.h"
 
+#include "focus_frame.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QIcon>
 #include <QPainter>
+#include <QToolTip>
 
 namespace {
 
@@ -12,6 +17,8 @@ constexpr int kPictureSize = 16;
 constexpr int kPictureLeft = 2;
 constexpr int kLabelLeft = kPictureLeft + kPictureSize + 3;
 constexpr int kLabelPadding = 4;
+// Longer tool tips have several lines.
+constexpr int kWidestTip = 480;
 
 }  // namespace
 
@@ -38,51 +45,81 @@ QRect TreeItemDelegate::ItemRect(const QRect& rect, const QFontMetrics& metrics,
   return item;
 }
 
+// As a line edit places its text.
+QRect TreeItemDelegate::TextRect(const QRect& label, const QFontMetrics& metrics) {
+  const int height = metrics.height();
+  return QRect(label.left() + kLabelPadding, label.top() + (label.height() - height + 1) / 2,
+               label.width() - kLabelPadding, height);
+}
+
 void TreeItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
   painter->save();
-  const QString text = OneLine(index.data(Qt::DisplayRole).toString());
-  // Only where a view gives less room than the label asks for does it end in an ellipsis.
-  const QRect wanted = LabelRect(option.rect, option.fontMetrics, text);
-  const QRect label = wanted.intersected(option.rect);
-  const bool selected = (option.state & QStyle::State_Selected) != 0;
-  const bool focused = (option.state & QStyle::State_Active) != 0 && option.widget != nullptr &&
-                       option.widget->hasFocus();
-  const bool dropTarget = dropHighlight_.isValid() && dropHighlight_ == index;
-  const bool highlighted =
-      dropTarget || (selected && !dropHighlight_.isValid() && (focused || !hideSelection_));
-
-  QColor textColor = option.palette.color(QPalette::Active, QPalette::Text);
-  QColor fill = option.palette.color(QPalette::Active, QPalette::Highlight);
-  if (highlighted && (focused || dropTarget)) {
-    textColor = option.palette.color(QPalette::Active, QPalette::HighlightedText);
-  } else if (highlighted) {
-    fill.setAlpha(80);  // still seen, but the keyboard is elsewhere
-  } else if ((option.state & QStyle::State_MouseOver) != 0) {
-    fill.setAlpha(36);
-  } else {
-    fill = Qt::transparent;
-  }
-  if (fill.alpha() > 0) {
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(fill);
-    painter->drawRoundedRect(label.adjusted(0, 1, 0, -1), 3, 3);
-  }
-
   const QRect picture(option.rect.left() + kPictureLeft,
                       option.rect.top() + (option.rect.height() - kPictureSize) / 2, kPictureSize,
                       kPictureSize);
   index.data(Qt::DecorationRole).value<QIcon>().paint(painter, picture);
-
-  painter->setFont(option.font);
-  painter->setPen(textColor);
-  painter->drawText(
-      label.adjusted(kLabelPadding, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-      label == wanted
-          ? text
-          : option.fontMetrics.elidedText(text, Qt::ElideRight, label.width() - kLabelPadding));
+  if (!edited_.isValid() || edited_ != index) PaintLabel(*painter, option, index);
   painter->restore();
+}
+
+void TreeItemDelegate::PaintLabel(QPainter& painter, const QStyleOptionViewItem& option,
+                                  const QModelIndex& index) const {
+  const QString text = OneLine(index.data(Qt::DisplayRole).toString());
+  // Only where a view gives less room than the label asks for does it end in an ellipsis.
+  const QRect wanted = LabelRect(option.rect, option.fontMetrics, text);
+  const QRect label = wanted.intersected(option.rect);
+  const bool focused = (option.state & QStyle::State_Active) != 0 && option.widget != nullptr &&
+                       option.widget->hasFocus();
+  const bool dropTarget = dropHighlight_.isValid() && dropHighlight_ == index;
+  const bool selected = (option.state & QStyle::State_Selected) != 0 && !dropHighlight_.isValid() &&
+                        (focused || !hideSelection_);
+  const bool full = dropTarget || (selected && focused);
+  const bool current = focused && (option.state & QStyle::State_HasFocus) != 0;
+
+  const QColor highlight = option.palette.color(QPalette::Active, QPalette::Highlight);
+  QColor fill = highlight;
+  if (!full) {
+    const bool hovered = (option.state & QStyle::State_MouseOver) != 0;
+    fill.setAlpha((selected ? 60 : 0) + (hovered ? 36 : 0));
+  }
+  const QRect marked = label.adjusted(0, 1, 0, -1);
+  if (fill.alpha() > 0) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    painter.drawRoundedRect(marked, kCornerRadius, kCornerRadius);
+  }
+  // Still seen, but the keyboard is elsewhere; or the keyboard is here, and nothing is selected.
+  if (!full && (selected || current)) DrawFocusFrame(painter, marked, highlight);
+
+  painter.setFont(option.font);
+  painter.setPen(
+      option.palette.color(QPalette::Active, full ? QPalette::HighlightedText : QPalette::Text));
+  const QRect place = TextRect(label, option.fontMetrics);
+  painter.drawText(
+      place.left(), place.top() + option.fontMetrics.ascent(),
+      label == wanted ? text : option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
+}
+
+bool TreeItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const QString text = index.data(Qt::DisplayRole).toString();
+  const QRect label = LabelRect(option.rect, view->fontMetrics(), OneLine(text));
+  const QRect seen = label & option.rect & view->viewport()->rect();
+  if (event->type() != QEvent::ToolTip || !index.isValid() || seen == label ||
+      !ItemRect(option.rect, view->fontMetrics(), OneLine(text)).contains(event->pos())) {
+    QToolTip::hideText();
+    event->ignore();
+    return false;
+  }
+  const QString wrap =
+      label.width() > kWidestTip ? QStringLiteral("pre-wrap") : QStringLiteral("pre");
+  QToolTip::showText(
+      event->globalPos(),
+      QStringLiteral("<p style='white-space:%1'>%2</p>").arg(wrap, OneLine(text).toHtmlEscaped()),
+      view->viewport(), seen);
+  return true;
 }
 
 QSize TreeItemDelegate::sizeHint(const QStyleOptionViewItem& option,

@@ -156,3 +156,8 @@ QVariant TreeNodes::data(const QModelIndex& index, int role) const {
       return QVariant();
   }
 }
+
+QVariant TreeNodes::headerData(int /*section*/, Qt::Orientation orientation, int role) const {
+  const bool isName = orientation == Qt::Horizontal && role == Qt::DisplayRole;
+  return isName && top_.Children() > 0 ? top_.Child()->Text() : QVariant();
+}

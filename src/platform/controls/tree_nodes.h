@@ -125,6 +125,9 @@ class TreeNodes : public QAbstractItemModel {
   int columnCount(const QModelIndex& parent = QModelIndex()) const override;
   bool hasChildren(const QModelIndex& parent = QModelIndex()) const override;
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  // The column is called as the first top-level node.
+  QVariant headerData(int section, Qt::Orientation orientation,
+                      int role = Qt::DisplayRole) const override;
 
  private:
   // Hangs the node on its parent, before `before` or as the last child when that is null.

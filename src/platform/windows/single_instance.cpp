@@ -3,6 +3,7 @@
 
 #include "single_instance.h"
 
+#include "attention_token.h"
 #include "log.h"
 
 #include <QDir>
@@ -103,8 +104,15 @@ void SingleInstance::Listen() {
 }
 
 void SingleInstance::HandOver() const {
-  const QByteArray request = TakeFromEnvironment("XDG_ACTIVATION_TOKEN") + '\0' +
-                             TakeFromEnvironment("DESKTOP_STARTUP_ID");
+  QByteArray token = TakeFromEnvironment("XDG_ACTIVATION_TOKEN");
+  if (token.isEmpty()) {
+    const std::optional<QByteArray> attention = RequestAttentionToken();
+    if (attention && attention->isEmpty()) {
+      qCWarning(lcHCWordLib, "程序已在运行；这个桌面不让它的窗口到前台来，请自行切换过去。");
+    }
+    token = attention.value_or(QByteArray());
+  }
+  const QByteArray request = token + '\0' + TakeFromEnvironment("DESKTOP_STARTUP_ID");
   const FileDescriptor sender(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
   if (!sender) return;
   const sockaddr_un address = SocketAddress(folder_.Get());

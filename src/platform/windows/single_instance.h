@@ -33,7 +33,8 @@ class SingleInstance {
   bool PrevInstance() const { return prevInstance_; }
 
   // Asks the running instance to come to the front, with this process's activation token, which is
-  // taken out of the environment. Does not wait for it.
+  // taken out of the environment. Does not wait for it. Without a token Wayland marks the window as
+  // wanting attention; where the compositor cannot do that either, one line of the log says so.
   void HandOver() const;
 
   // Calls `handler` in the event loop for every request handed over. Needs the application object.

@@ -16,14 +16,20 @@
 
 namespace {
 
+bool OnWayland() {
+  return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+}
+
 // The value set, unless the window's own differs by more than what rounding explains: that of a
 // fractional scale and, on Wayland, that of the frame that Qt draws itself.
 float Settled(float wanted, int actual, qreal scale) {
-  const bool drawsFrame = QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
-  const bool rounds = std::floor(scale) != scale || (drawsFrame && scale != 1);
+  const bool rounds = std::floor(scale) != scale || (OnWayland() && scale != 1);
   if (std::abs(actual - TwipsToPixels(wanted)) <= (rounds ? 1 : 0)) return wanted;
   return PixelsToTwips(actual);
 }
+
+// The thickest frame at either side, in pixels, that leaves sight of what spans the outer width.
+constexpr int kThickestSide = 2;
 
 // How long a size that was asked for may take, in milliseconds; doubled every time.
 constexpr int kFirstPatience = 250;
@@ -68,7 +74,13 @@ WindowPlacement::WindowPlacement(QWidget& window) : QObject(&window), window_(wi
 
 QMargins WindowPlacement::Frame() const {
   const QWindow* const handle = window_.windowHandle();
-  return handle ? handle->frameMargins() : QMargins();
+  QMargins frame = handle ? handle->frameMargins() : QMargins();
+  // Qt's own frame is thicker, and may count its shadow.
+  if (OnWayland()) {
+    frame.setLeft(std::min(frame.left(), kThickestSide));
+    frame.setRight(std::min(frame.right(), kThickestSide));
+  }
+  return frame;
 }
 
 TwipsRect WindowPlacement::Get() const {
@@ -80,7 +92,7 @@ TwipsRect WindowPlacement::Get() const {
   TwipsRect result{wanted_.left, wanted_.top, Settled(wanted_.width, actualSize.width(), scale),
                    Settled(wanted_.height, actualSize.height(), scale)};
   // Wayland does not tell a window where it stands.
-  if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+  if (!OnWayland()) {
     const QPoint actual = window_.windowHandle()->framePosition();
     result.left = Settled(wanted_.left, actual.x(), scale);
     result.top = Settled(wanted_.top, actual.y(), scale);

@@ -9,7 +9,7 @@
 #include "entry_scheme.h"
 #include "event_guard.h"
 #include "list_view.h"
-#include "picture_box.h"
+#include "picture_button.h"
 #include "status_bar.h"
 #include "tool_bar.h"
 #include "tree_view.h"
@@ -109,7 +109,7 @@ void frmMain::CreateBars() {
   tbToolBar->AddButton(QStringLiteral("删除"), 5);
   tbToolBar->AddButton(QStringLiteral("重命名"), 6);
   cbToolBar->AddResizableBand(tbToolBar, 270);
-  picForCBToolBar = new PictureBox;
+  picForCBToolBar = new PictureButton;
   picForCBToolBar->setObjectName(QStringLiteral("picForCBToolBar"));
   picForCBToolBar->setAccessibleName(QStringLiteral("关于"));
   picForCBToolBar->SetPicture(QIcon(QStringLiteral(":/icons/band.svg")), QSize(45, 22));
@@ -184,6 +184,8 @@ void frmMain::CreateMenus() {
   // Never on the menu bar; the commands are those of the Edit menu.
   mnuPopMnu = new QMenu(QStringLiteral("弹出菜单"), this);
   mnuPopMnu->setObjectName(QStringLiteral("mnuPopMnu"));
+  mnuPopMnu->setAccessibleName(mnuPopMnu->title());
+  picTreeContain->addAction(mnuPopMnu->menuAction());  // the pane whose menu it is
   mnuPopNewItem =
       AddItem(mnuPopMnu, "mnuPopNewItem", QStringLiteral("新条目"), &frmMain::mnuPopNewItem_Click);
   mnuPopNewWord =

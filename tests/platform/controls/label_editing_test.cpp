@@ -59,6 +59,21 @@ class LabelEditingTest : public TreeWindowTest {
   const Action press_ = [this] { Click(button_.geometry().center()); };
 };
 
+TEST_F(LabelEditingTest, TheTextStaysInItsPlaceAndNothingOfTheLabelIsLeft) {
+  const QString name = QStringLiteral("A label of some length");
+  tree_.Nodes().SetText(At("a1"), name);
+  tree_.EnsureVisible(At("a1"));
+  const auto shown = [this](const QRect& part) { return tree_.viewport()->grab(part).toImage(); };
+  const QRect text = tree_.LabelRect(At("a1")).adjusted(6, 4, -6, -4);
+  const QImage label = shown(text);
+  Open(name);
+  Editor().deselect();
+  EXPECT_TRUE(shown(text) == label);
+  Type(QStringLiteral("x"));
+  const QRect behind = text.adjusted(70, 0, 0, 0);
+  EXPECT_TRUE(shown(behind) == shown(behind.translated(0, 130)));  // where there are no nodes
+}
+
 TEST_F(LabelEditingTest, OpensByAClickOnTheLabelOfTheSelectedNode) {
   const QPoint label = Label("a1");
   QWindow* const window = window_.windowHandle();
