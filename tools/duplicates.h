@@ -15,7 +15,9 @@ enum class Duplicates {
   kNumber,  // the second one gets the first of 2, 3, ... behind its name that makes it a new one
 };
 
-// Leaves out or renames, and tells the lines where `categories` have such names. `taken` are the
-// names of the library's categories.
+// Leaves out or renames, and tells the lines where `categories` have such names; those that are
+// refused, or would be too long with a number, are added to `faults` instead. `taken` are the names
+// of the library's categories.
 std::vector<LineRemark> SettleDuplicates(std::vector<OutlineCategory>& categories,
-                                         const QSet<QString>& taken, Duplicates how);
+                                         const QSet<QString>& taken, Duplicates how,
+                                         std::vector<LineRemark>& faults);

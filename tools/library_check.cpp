@@ -30,7 +30,7 @@ qint64 Number(const Recordset& rows, size_t column) {
 }
 
 QString CategoryLabel(const QString& name, qint64 gid) {
-  return QStringLiteral("分类条目%1（GID=%2）：").arg(Shown(name)).arg(gid);
+  return QStringLiteral("分类条目%1（GID=%2）：").arg(Shown(name), QString::number(gid));
 }
 
 // One passage through all rows, which tells what is wrong and mends it when it is asked to.
@@ -54,7 +54,7 @@ class Passage {
   void ExaminePositions();
   void ExamineCategoryNames();
   void ExamineWordsOf(qint64 gid, bool isThere, Room& room);
-  void Apply(qint64 gid, const WordRow& word, const WordChange& change);
+  void Apply(qint64 gid, const CheckedWord& word, const WordChange& change);
   qint64 HomeGid();
   // The column's numbers in all rows of a statement.
   std::vector<qint64> Numbers(const QString& statement, const char* column);
@@ -105,10 +105,10 @@ Checked Passage::Run() {
     progress.Advance(1);
   }
   checked_.categories = static_cast<qsizetype>(categories_.size());
-  const qint64 words = Numbers(QStringLiteral("select count(*) as n from Items"), "n").at(0);
-  if (words != checked_.words) {
-    Tell({QStringLiteral("%1 个分类词没有 SortID，请先用数据库的工具改正")
-              .arg(words - checked_.words),
+  const qint64 homeless =
+      Numbers(QStringLiteral("select count(*) as n from Items where SortID is null"), "n").at(0);
+  if (homeless > 0) {
+    Tell({QStringLiteral("%1 个分类词没有 SortID，请先用数据库的工具改正").arg(homeless),
           QString()});
   }
   return std::move(checked_);
@@ -149,10 +149,9 @@ void Passage::ExamineRegisterAgainst(const std::vector<qint64>& owners) {
     take(id);
   const Register state = ExamineRegister(connection_);
   if (!state.countsUp) {
-    Tell(
-        {QStringLiteral("GUIDLists 的 ID 不是自动编号，不能新建分类条目，请用 hcwordlib-admin copy "
-                        "复制到新的数据库"),
-         QString()});
+    Tell({QStringLiteral("GUIDLists 的 ID 不是自动编号，新建分类条目会失败，或得到用过的编号，请用 "
+                         "hcwordlib-admin copy 复制到新的数据库"),
+          QString()});
   } else if (!state.isVisible) {
     Tell({QStringLiteral("帐号没有权限看 GUIDLists 的序列，不能核对编号，请换有此权限的帐号检查"),
           QString()});
@@ -227,7 +226,7 @@ void Passage::ExamineCategoryNames() {
 }
 
 void Passage::ExamineWordsOf(qint64 gid, bool isThere, Room& room) {
-  std::vector<WordRow> words;
+  std::vector<CheckedWord> words;
   {
     Recordset rows;
     rows.Open(QStringLiteral("select * from Items where SortID=%1 order by ID").arg(gid),
@@ -236,7 +235,7 @@ void Passage::ExamineWordsOf(qint64 gid, bool isThere, Room& room) {
     const size_t fatherId = rows.ColumnOf("FatherID");
     const size_t name = rows.ColumnOf("NodeName");
     for (; !rows.IsEof(); rows.MoveNext()) {
-      WordRow& word =
+      CheckedWord& word =
           words.emplace_back(Number(rows, id), Number(rows, fatherId), rows.FieldText(name));
       if (cutNames_.contains({gid, word.id})) word.name += QChar(u'\0');
     }
@@ -247,7 +246,7 @@ void Passage::ExamineWordsOf(qint64 gid, bool isThere, Room& room) {
   for (const WordChange& change : changes) Apply(gid, words[change.word], change);
 }
 
-void Passage::Apply(qint64 gid, const WordRow& word, const WordChange& change) {
+void Passage::Apply(qint64 gid, const CheckedWord& word, const WordChange& change) {
   if (!IsInRange(change.id)) {
     throw Error(
         QStringLiteral("分类条目 GID=%1 的分类词编号已经用完，没有修复；请导出后在新的数据库中"
@@ -284,11 +283,21 @@ void LockTables(Connection& connection) {
     connection.Execute(
         QStringLiteral("lock table Dictionary,Items,GUIDLists in share row exclusive mode"));
   } else if (connection.EngineName() == u"MariaDB") {
+    // The key's index is locked, as every row stands in it, unless the table has none.
+    Recordset keys;
+    keys.Open(QStringLiteral("select table_name from information_schema.statistics where"
+                             " table_schema=database() and index_name='PRIMARY'"),
+              connection);
+    QSet<QString> withKey;
+    for (; !keys.IsEof(); keys.MoveNext()) withKey += keys.FieldText(size_t{0}).toLower();
     for (const char* table : {"Dictionary", "Items"}) {
+      const QString name = QLatin1String(table);
       Recordset rows;
-      rows.Open(QStringLiteral("select count(*) from %1 force index (primary) for update")
-                    .arg(QLatin1String(table)),
-                connection);
+      rows.Open(
+          QStringLiteral("select count(*) from %1 %2 for update")
+              .arg(name, withKey.contains(name.toLower()) ? QStringLiteral("force index (primary)")
+                                                          : QString()),
+          connection);
     }
   }
 }

@@ -24,5 +24,6 @@ struct Repaired {
 
 // Mends what can be mended, in one transaction in which nobody else writes. Raises Error, the
 // library being as it was, when anything is refused, or when a word would be lost. MariaDB cannot
-// have triggers, indexes and storage engines in a transaction: there they come first, and stay.
+// have triggers, indexes, collations and storage engines in a transaction: there they come first,
+// and stay.
 Repaired RepairLibrary(Connection& connection);

@@ -164,9 +164,9 @@ class RowWriter {
 };
 
 [[noreturn]] void FailForStrays() {
-  throw Error(
-      QStringLiteral("有的分类词没有分类条目或上级词，什么也没有复制；用 hcwordlib-admin check "
-                     "逐一列出，用 check --repair 修复后再复制。"));
+  throw Error(QStringLiteral(
+      "有的分类词没有分类条目或上级词，或与上级成环，什么也没有复制；用 hcwordlib-admin "
+      "check 逐一列出，用 check --repair 修复后再复制。"));
 }
 
 class LibraryCopy {
@@ -295,6 +295,23 @@ void RequireNoNullCharacters(Connection& source, const Table& table) {
                   .arg(Description(RowOf(rows, table), table)));
 }
 
+void Require32Bits(Connection& source, const Table& table) {
+  QStringList outside;
+  for (size_t i = 0; i < table.numbers; ++i) {
+    outside += table.columns[static_cast<qsizetype>(i)] +
+               QStringLiteral(" not between -2147483648 and 2147483647");
+  }
+  Recordset rows;
+  rows.Open(QStringLiteral("select count(*) from %1 where ").arg(table.name) +
+                outside.join(QStringLiteral(" or ")),
+            source);
+  const qint32 count = rows.FieldInteger(size_t{0});
+  if (count == 0) return;
+  throw Error(QStringLiteral("%1 个%2的编号超出了 32 位整数的范围，什么也没有复制；用 "
+                             "hcwordlib-admin check --repair 修复后再复制。")
+                  .arg(QString::number(count), table.entry));
+}
+
 void RequireEmpty(Connection& target, const Table& table) {
   Recordset rows;
   rows.Open(SelectRows(table, QStringLiteral("1=1 limit 1")), target);
@@ -306,11 +323,16 @@ void RequireEmpty(Connection& target, const Table& table) {
 
 Copied CopyLibrary(Connection& source, Connection& target) {
   Transaction reading(source, Transaction::Use::kRead);
-  RequireNoNullCharacters(source, kCategories);
-  RequireNoNullCharacters(source, kWords);
+  for (const Table* table : {&kCategories, &kWords}) {
+    Require32Bits(source, *table);
+    RequireNoNullCharacters(source, *table);
+  }
   if (!TablesExist(target)) CreateTables(target);
   Transaction writing(target, Transaction::Use::kWrite);
   for (const Table* table : {&kCategories, &kWords, &kRegister}) RequireEmpty(target, *table);
+  if (!ExamineRegister(target).countsUp) {
+    throw Error(QStringLiteral("目标数据源的表 GUIDLists 的 ID 不是自动编号，什么也没有复制。"));
+  }
   const Copied copied = LibraryCopy(source, target).Run();
   writing.Commit();
   reading.Commit();

@@ -10,7 +10,8 @@
 class Connection;
 
 // What is wrong with the tables themselves: triggers and indexes that are missing or not those of
-// the schema, a text encoding without Chinese, an engine of MariaDB's without transactions.
+// the schema, missing keys, a text encoding without Chinese, an engine of MariaDB's without
+// transactions, a collation of MariaDB's under which different names are equal.
 struct Structure {
   Faults faults;
   QStringList statements;  // that mend them

@@ -9,6 +9,7 @@
 #include "connection.h"
 #include "data_base_funcs.h"
 #include "database_error.h"
+#include "name_faults.h"
 #include "progress_bar.h"
 #include "recordset.h"
 #include "schema.h"
@@ -39,7 +40,8 @@ bool TableExists(const char* table, Connection& connection) {
                            connection);
     CloseRecordset(rows);
     return true;
-  } catch (const DatabaseError&) {
+  } catch (const DatabaseError& error) {
+    if (!error.IsTableMissing()) throw;
     return false;
   }
 }
@@ -161,7 +163,8 @@ class WordForest {
   };
 
   static QString Description(const Word& word, qint32 gid) {
-    return QStringLiteral("分类词“%1”（SortID=%2，ID=%3）").arg(word.name).arg(gid).arg(word.id);
+    return QStringLiteral("分类词%1（SortID=%2，ID=%3）")
+        .arg(Shown(word.name), QString::number(gid), QString::number(word.id));
   }
 
   // Hangs every word before the earlier linked ones of its parent, from the last word to the first.
@@ -235,12 +238,8 @@ Imported ImportLibrary(Connection& connection, Outline outline, Duplicates how) 
   for (; !rows->IsEof(); rows->MoveNext()) taken += rows->FieldText("SortName");
   CloseRecordset(rows);
   Imported imported;
-  imported.duplicates = SettleDuplicates(outline.categories, taken, how);
-  auto& faults = outline.faults;
-  if (how == Duplicates::kRefuse) {
-    faults.insert(faults.end(), imported.duplicates.begin(), imported.duplicates.end());
-  }
-  if (!faults.empty()) throw Error(TextOf(faults));
+  imported.duplicates = SettleDuplicates(outline.categories, taken, how, outline.faults);
+  if (!outline.faults.empty()) throw Error(TextOf(outline.faults));
 
   imported.categories = static_cast<qsizetype>(outline.categories.size());
   for (const OutlineCategory& category : outline.categories) {
@@ -271,7 +270,8 @@ QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showPr
     const qint32 gid = categories->FieldInteger("GID");
     const QString sortName = categories->FieldText("SortName");
     if (const QString why = Obstacle(sortName, categoryNames); !why.isEmpty()) {
-      remarks += QStringLiteral("分类条目“%1”（GID=%2）").arg(sortName).arg(gid) + why;
+      remarks +=
+          QStringLiteral("分类条目%1（GID=%2）").arg(Shown(sortName), QString::number(gid)) + why;
     }
     QByteArray text;
     AppendOutlineLine(text, 0, sortName);
@@ -294,10 +294,9 @@ QStringList ExportLibrary(Connection& connection, QIODevice& device, bool showPr
       QStringLiteral("select * from Items where SortID not in (select GID from Dictionary)"),
       connection);
   for (; !strays->IsEof(); strays->MoveNext()) {
-    remarks += QStringLiteral("分类词“%1”（SortID=%2，ID=%3）的分类条目不存在，未导出。")
-                   .arg(strays->FieldText("NodeName"))
-                   .arg(strays->FieldInteger("SortID"))
-                   .arg(strays->FieldInteger("ID"));
+    remarks += QStringLiteral("分类词%1（SortID=%2，ID=%3）的分类条目不存在，未导出。")
+                   .arg(Shown(strays->FieldText("NodeName")), strays->FieldText("SortID"),
+                        strays->FieldText("ID"));
   }
   CloseRecordset(strays);
   transaction.Commit();

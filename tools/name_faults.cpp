@@ -35,6 +35,16 @@ QString Shown(const QString& name) {
   return QStringLiteral("“%1”").arg(QString::fromUtf8(line));
 }
 
+QString FreeName(const QString& name, QHash<QString, int>& numbers,
+                 const std::function<bool(const QString&)>& isTaken) {
+  int& number = numbers.insert(name, std::max(numbers.value(name), 1)).value();
+  QString numbered;
+  do {
+    numbered = name + QString::number(++number);
+  } while (isTaken(numbered));
+  return Characters(numbered) > kMostCharacters ? QString() : numbered;
+}
+
 std::vector<QString> Names::Settle(const std::vector<QString>& names, const QString& defaultName,
                                    const std::function<QString(size_t)>& labelOf, Faults& faults) {
   std::vector<QString> newNames(names.size());
@@ -48,6 +58,7 @@ std::vector<QString> Names::Settle(const std::vector<QString>& names, const QStr
     if (!names[i].isEmpty()) taken_.insert(names[i]);
     if (taken_.size() == before) again.push_back(i);
   }
+  const auto isTaken = [this](const QString& name) { return taken_.contains(name); };
   for (const size_t i : again) {
     const bool isEmpty = names[i].isEmpty();
     const QString fault =
@@ -55,20 +66,11 @@ std::vector<QString> Names::Settle(const std::vector<QString>& names, const QStr
     const QString name = isEmpty && !taken_.contains(defaultName) ? defaultName
                          : !Obstacle(names[i]).isEmpty()
                              ? QString()
-                             : FreeName(isEmpty ? defaultName : names[i]);
+                             : FreeName(isEmpty ? defaultName : names[i], numbers_, isTaken);
     if (!name.isNull()) taken_.insert(name);
     newNames[i] = name;
     faults.push_back(name.isNull() ? Fault{fault + QStringLiteral("，请在程序中改名"), QString()}
                                    : Fault{fault, QStringLiteral("改名为") + Shown(name)});
   }
   return newNames;
-}
-
-QString Names::FreeName(const QString& name) {
-  int& number = numbers_.insert(name, std::max(numbers_.value(name), 1)).value();
-  QString numbered;
-  do {
-    numbered = name + QString::number(++number);
-  } while (taken_.contains(numbered));
-  return Characters(numbered) > kMostCharacters ? QString() : numbered;
 }

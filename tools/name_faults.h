@@ -13,6 +13,11 @@
 // `name` in one line of moderate length, between quotation marks.
 QString Shown(const QString& name);
 
+// `name` with the first number behind it, from 2 on or behind the one that `numbers` has for it,
+// that makes it one of which `isTaken` is not true; null when that would be too long.
+QString FreeName(const QString& name, QHash<QString, int>& numbers,
+                 const std::function<bool(const QString&)>& isTaken);
+
 // The names of all categories, or of the words of one.
 class Names {
  public:
@@ -24,9 +29,6 @@ class Names {
                               const std::function<QString(size_t)>& labelOf, Faults& faults);
 
  private:
-  // Null when it would be too long.
-  QString FreeName(const QString& name);
-
   QSet<QString> taken_;
   QHash<QString, int> numbers_;  // the last one tried behind each name
 };

@@ -13,7 +13,7 @@ constexpr size_t kNone = std::numeric_limits<size_t>::max();
 // The words of one category, linked by their numbers.
 class Branches {
  public:
-  Branches(const std::vector<WordRow>& words, qint64 gid, bool isThere, Faults& faults)
+  Branches(const std::vector<CheckedWord>& words, qint64 gid, bool isThere, Faults& faults)
       : words_(words), gid_(gid), isThere_(isThere), faults_(faults), states_(words.size()) {}
 
   bool HasEqualNumbers();
@@ -31,15 +31,13 @@ class Branches {
 
   QString Label(size_t word) const {
     return QStringLiteral("分类词%1（SortID=%2，ID=%3）：")
-        .arg(Shown(words_[word].name))
-        .arg(gid_)
-        .arg(words_[word].id);
+        .arg(Shown(words_[word].name), QString::number(gid_), QString::number(words_[word].id));
   }
   std::vector<size_t> ParentsFirst() const;
   void TellLost(const std::vector<size_t>& order, bool isHome);
   void TellNumber(size_t word);
 
-  const std::vector<WordRow>& words_;
+  const std::vector<CheckedWord>& words_;
   const qint64 gid_;
   const bool isThere_;
   Faults& faults_;
@@ -67,7 +65,7 @@ void Branches::Link() {
     }
     const auto found =
         std::lower_bound(words_.begin(), words_.end(), father,
-                         [](const WordRow& word, qint64 id) { return word.id < id; });
+                         [](const CheckedWord& word, qint64 id) { return word.id < id; });
     if (found != words_.end() && found->id == father) {
       state.parent = static_cast<size_t>(found - words_.begin());
     } else {
@@ -88,10 +86,11 @@ void Branches::CutRings() {
     }
     states_[smallest].parent = kNone;
     states_[smallest].isLost = !isThere_;
+    if (!isThere_) continue;  // told as lost
     faults_.push_back(
         {Label(smallest) + (count == 1 ? QStringLiteral("是自己的上级")
                                        : QStringLiteral("与上级成环，共 %1 个词").arg(count)),
-         isThere_ ? QStringLiteral("直接放到分类条目之下") : QStringLiteral("断开")});
+         QStringLiteral("直接放到分类条目之下")});
   }
 }
 
@@ -156,7 +155,7 @@ std::vector<WordChange> Branches::Place(Room& room, Room& home) {
   const bool isHome = &room == &home;
   const std::vector<size_t> order = ParentsFirst();
   TellLost(order, isHome);
-  for (const WordRow& word : words_) {
+  for (const CheckedWord& word : words_) {
     if (IsInRange(word.id)) room.nextId = std::max(room.nextId, word.id + 1);
   }
   std::vector<WordChange> changes;  // of all words, in `order`
@@ -195,7 +194,7 @@ std::vector<WordChange> Branches::Place(Room& room, Room& home) {
     }
   }
   std::erase_if(changes, [&](const WordChange& change) {
-    const WordRow& word = words_[change.word];
+    const CheckedWord& word = words_[change.word];
     return !change.goesHome && change.id == word.id && change.fatherId == word.fatherId &&
            change.name.isNull();
   });
@@ -213,8 +212,8 @@ QString HomeName() {
   return QStringLiteral("找回的词");
 }
 
-std::vector<WordChange> ExamineWords(const std::vector<WordRow>& words, qint64 gid, bool isThere,
-                                     Room& room, Room& home, Faults& faults) {
+std::vector<WordChange> ExamineWords(const std::vector<CheckedWord>& words, qint64 gid,
+                                     bool isThere, Room& room, Room& home, Faults& faults) {
   Branches branches(words, gid, isThere, faults);
   if (branches.HasEqualNumbers()) return {};
   branches.Link();

@@ -13,7 +13,7 @@ bool IsInRange(qint64 identifier);
 // The name of the category for words without a category or a parent word.
 QString HomeName();
 
-struct WordRow {
+struct CheckedWord {
   qint64 id;
   qint64 fatherId;
   QString name;
@@ -39,5 +39,5 @@ struct Room {
 // `room` is empty before; of that one it is `home`. A word that gets another number gets one
 // behind all others, so that whoever still knows the old one changes no other word by it. Where two
 // words have one number, nothing is mended: their rows cannot be told apart.
-std::vector<WordChange> ExamineWords(const std::vector<WordRow>& words, qint64 gid, bool isThere,
-                                     Room& room, Room& home, Faults& faults);
+std::vector<WordChange> ExamineWords(const std::vector<CheckedWord>& words, qint64 gid,
+                                     bool isThere, Room& room, Room& home, Faults& faults);

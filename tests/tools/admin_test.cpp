@@ -126,6 +126,9 @@ TEST_P(AdminTest, ARefusedFileLeavesTheLibraryAsItWas) {
   Execute("create unique index OneOfANumber on Items (ID)");
   EXPECT_THAT(Import("铣削\n\t立铣\n").messages, testing::StartsWith("hcwordlib-admin: 第 2 行："));
   EXPECT_EQ(Library(), before);
+  EXPECT_THAT(Import(QByteArray::fromStdString("磨削\n\t" + kLongest + "\n\t" + kLongest), "number")
+                  .messages,
+              testing::HasSubstr("…”与第 2 行重名，加上数字后超过"));
   // What is wrong with the database is not told of a line.
   Execute("drop table Items");
   EXPECT_THAT(Import("铣削\n\t立铣\n").messages, testing::Not(testing::HasSubstr("行：")));

@@ -104,9 +104,11 @@ TEST_P(CopyTest, WhatCannotBeCopiedIsToldAndNothingIs) {
   for (const Case& c :
        {Case{"2", "(2,1,0,'立铣')", "分类词“立铣”（ID=1，SortID=2，FatherID=0）不能复制"},
         Case{"2", "(2,2,7,'无父')", strays}, Case{"8", "(8,2,0,'无条目')", strays},
-        Case{"2", "(2,2,3,'环一'),(2,3,2,'环二')", strays},
+        Case{"2", "(2,2,3,'环一'),(2,3,2,'环二')", "成环"},
+        Case{"2", "(2,3000000000,0,'大')", "32 位整数的范围，什么也没有复制"},
         Case{"2", "(2,2,0,concat('空',char(0)))", "空字符"}}) {
     QString words = QString::fromUtf8(c.words);
+    if (words.contains(u"3000000000") && engine != "sqlite") continue;  // has no such number
     if (words.contains(u"char(0)")) {
       if (engine == "postgresql") continue;  // has no such character
       if (engine == "sqlite") words = QStringLiteral("(2,2,0,'空'||char(0))");

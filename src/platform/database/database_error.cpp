@@ -6,6 +6,7 @@
 #include <utility>
 
 namespace {
+constexpr int kSqliteError = 1;
 constexpr int kSqliteTooBig = 18;
 constexpr int kSqliteConstraint = 19;
 }  // namespace
@@ -29,4 +30,10 @@ bool DatabaseError::IsRowRefused() const noexcept {
     return nativeCode_ == kSqliteConstraint || nativeCode_ == kSqliteTooBig;
   }
   return sqlState_.startsWith(u"22") || sqlState_.startsWith(u"23");
+}
+
+bool DatabaseError::IsTableMissing() const noexcept {
+  return sqlState_ == u"42P01" || sqlState_ == u"42S02" ||
+         (sqlState_ == u"HY000" && nativeCode_ == kSqliteError &&
+          Description().contains(u"no such table"));
 }

@@ -24,6 +24,9 @@ class DatabaseError : public Error {
   // Whether what was to be stored is refused for what it is: a duplicate, too long, of a wrong
   // kind.
   bool IsRowRefused() const noexcept;
+  // Whether the table that a statement names is not there: PostgreSQL's undefined_table, SQLSTATE
+  // 42S02, and what SQLite says.
+  bool IsTableMissing() const noexcept;
   // The engine's own code, 0 where there is none.
   int NativeCode() const noexcept { return nativeCode_; }
 

@@ -11,7 +11,9 @@ constexpr const char* kPostgreSqlSession[] = {"set standard_conforming_strings t
                                               "set lock_timeout to 10000"};
 constexpr const char* kMariaDbSession[] = {
     "set sql_mode = concat(@@sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_TRANS_TABLES')",
-    "set innodb_lock_wait_timeout = 10, lock_wait_timeout = 10"};
+    "set innodb_lock_wait_timeout = 10, lock_wait_timeout = 10",
+    // Whatever the server's default; statements outside of transactions take no notice.
+    "set session transaction isolation level repeatable read"};
 
 constexpr Dialect kSqlite = {{}, "begin", "begin immediate", "select last_insert_rowid()"};
 constexpr Dialect kPostgreSql = {kPostgreSqlSession, "begin isolation level repeatable read",

@@ -10,7 +10,8 @@
 // What differs from engine to engine.
 struct Dialect {
   // Sent right after connecting: a text between single quotes is literal but for doubled single
-  // quotes, and nothing waits for another user for more than 10 seconds.
+  // quotes, nothing waits for another user for more than 10 seconds, and a transaction's isolation
+  // is what `beginToRead` promises.
   std::span<const char* const> sessionStatements;
   // Begins a transaction that shows one state of the database throughout.
   const char* beginToRead;

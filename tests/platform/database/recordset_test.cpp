@@ -239,6 +239,15 @@ TEST_P(RecordsetTest, WhatIsNotCommittedIsTakenBack) {
   EXPECT_THROW(lost.Commit(), DatabaseError);
   connection_.Open();
   EXPECT_EQ(Categories(connection_), "1||0\n2||0\n4||0\n");
+  Connection reader;  // whatever a server's default is
+  reader.SetConnectionString(
+      ConnectionStringOf(GetParam()) +
+      QStringLiteral(";INITSTMT={set session transaction isolation level read committed}"));
+  reader.Open();
+  const Transaction reading(reader, Transaction::Use::kRead);
+  EXPECT_EQ(Categories(reader), "1||0\n2||0\n4||0\n");
+  store(7);
+  EXPECT_EQ(Categories(reader), "1||0\n2||0\n4||0\n");
 }
 
 INSTANTIATE_ON_ENGINES(RecordsetTest);
