@@ -19,7 +19,10 @@
 #include "word_tree.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QScreen>
+#include <QStyle>
+#include <QTimer>
 #include <QToolTip>
 
 #include <exception>
@@ -112,17 +115,21 @@ void frmMain::NewBeside() {
   mnuEditNewWord_Click();
 }
 
-// Once in a run, beside the editor and never over it.
+// Once in a run, beside the editor and never over it; after the delay of any tool tip, for a menu
+// that has just closed gives the focus back later and would take the tip away.
 void frmMain::TellOfNewBeside() {
-  const QWidget* const editor = QApplication::focusWidget();
-  if (hasToldOfNewBeside_ || !tvTreeView->IsEditing() || editor == nullptr) return;
-  hasToldOfNewBeside_ = true;
-  constexpr int kRoom = 48;
-  const bool hasRoom = editor->mapToGlobal(editor->rect().bottomLeft()).y() + kRoom <
-                       editor->screen()->availableGeometry().bottom();
-  const QPoint corner = hasRoom ? editor->rect().bottomLeft() : editor->rect().topRight();
-  QToolTip::showText(editor->mapToGlobal(corner),
-                     QStringLiteral("按 Ctrl+Enter 保存并接着新建下一个"), tvTreeView);
+  if (hasToldOfNewBeside_) return;
+  const auto tell = [this, editor = QPointer<QWidget>(QApplication::focusWidget())] {
+    if (hasToldOfNewBeside_ || !tvTreeView->IsEditing() || editor == nullptr) return;
+    hasToldOfNewBeside_ = true;
+    constexpr int kRoom = 48;
+    const bool hasRoom = editor->mapToGlobal(editor->rect().bottomLeft()).y() + kRoom <
+                         editor->screen()->availableGeometry().bottom();
+    const QPoint corner = hasRoom ? editor->rect().bottomLeft() : editor->rect().topRight();
+    QToolTip::showText(editor->mapToGlobal(corner),
+                       QStringLiteral("按 Ctrl+Enter 保存并接着新建下一个"), tvTreeView);
+  };
+  QTimer::singleShot(style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay), this, tell);
 }
 
 void frmMain::DeleteNode(qint32 Sel) {
