@@ -64,11 +64,6 @@ class Screenshots(desktop.WindowTest):
         self.picture(folder / "popup.png", window, of_screen=True)
         self.key("Escape")
 
-        self.click_item(self.item(self.process, "push button", "新词"))
-        self.item(self.process, "text", "名称")
-        self.picture(folder / "editing.png", window)
-        self.key("Escape")
-
         # As a spreadsheet would leave it in the clipboard.
         column = self.home / "column"
         column.write_text("粗车外圆，双边留精车余量 1 mm\n粗车外圆，切削深度 2～3 mm\n粗车外圆至图示尺寸\n", encoding="utf-8")
@@ -77,6 +72,12 @@ class Screenshots(desktop.WindowTest):
         self.key("ctrl+v")
         self.cell("粗车外圆至图示尺寸")
         self.picture(folder / "paste.png", window, of_screen=True)
+
+        self.click_item(self.cell("车削"), dx=desktop.LABEL)
+        self.click_item(self.item(self.process, "push button", "新词"))
+        self.item(self.process, "text", "名称")
+        self.picture(folder / "editing.png", window, of_screen=True)
+        self.key("Escape")
 
         self.key("alt+h", "Return")
         about = self.window_id("关于 HCWordLib")
