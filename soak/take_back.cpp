@@ -13,6 +13,8 @@
 #include <QApplication>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace {
 
 // The entries of `of` that `without` has not.
@@ -61,8 +63,13 @@ void Session::TakeBack() {
   if (notTakenBack_ && !added.empty()) throw Fault(QStringLiteral("half taken back"));
   if (!notTakenBack_ && !deleted.empty()) {
     CompareLibraries(added, deleted, {});
+    // Below a word whose row a colleague had deleted before, nothing can be shown.
+    const auto orphans = Orphans(after);
+    const bool isShown = std::any_of(added.begin(), added.end(), [&](const auto& entry) {
+      return !orphans.contains(entry.first);
+    });
     const Node* const selected = tree_->SelectedItem();
-    if (selected->Parent() != nullptr && !touched_.Holds(IdOf(*selected)) &&
+    if (isShown && selected->Parent() != nullptr && !touched_.Holds(IdOf(*selected)) &&
         !added.contains(IdOf(*selected))) {
       throw Fault(QStringLiteral("not selected: what was taken back"));
     }
