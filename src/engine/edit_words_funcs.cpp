@@ -91,15 +91,15 @@ bool EditWordsFuncs::OpenAddNodes(TreeView& TheTree, Recordset& TheTable) {
 
 bool EditWordsFuncs::OpenFastAddWords(TreeView& TheTree, EntryKey ParentKey, qint32 /*ParentID*/,
                                       qint32 DictID) {
-  const std::vector<WordRow> words = WordsOf(connection_, DictID);
-  AddWords(TheTree.Nodes(), wordTree_.colTreePrptys(), ParentKey, DictID, words);
-  return !words.empty();
+  std::vector<WordRow> words = WordsOf(connection_, DictID);
+  const bool hasWords = !words.empty();
+  AddWords(TheTree.Nodes(), wordTree_.colTreePrptys(), ParentKey, DictID, std::move(words));
+  return hasWords;
 }
 
 void EditWordsFuncs::AddWords(TreeNodes& nodes, TreePrptys& records, EntryKey categoryKey,
-                              qint32 DictID, const std::vector<WordRow>& words,
-                              TreePrptys* before) {
-  for (const WordRow& word : words) {
+                              qint32 DictID, std::vector<WordRow> words, TreePrptys* before) {
+  for (WordRow& word : words) {
     EntryKey parentKey = categoryKey;
     if (word.fatherId != 0 && !records.GetFatherKey(DictID, word.fatherId, parentKey)) {
       skippedWords_.append(SkippedWord{DictID, word.id, word.fatherId});
@@ -112,7 +112,8 @@ void EditWordsFuncs::AddWords(TreeNodes& nodes, TreePrptys& records, EntryKey ca
       key = NextKey();
     }
     AppendNode(nodes, parentKey, key, word.name, kWordImage, kWordTag);
-    records.Add(DictID, word.id, word.fatherId, word.name, key, kWordTag, parentKey, key);
+    records.Add(DictID, word.id, word.fatherId, std::move(word.name), key, kWordTag, parentKey,
+                key);
   }
 }
 

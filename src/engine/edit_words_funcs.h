@@ -101,7 +101,7 @@ class EditWordsFuncs {
   // Adds the words of the category DictID, in the order of their numbers, under its node. Where
   // they had records before, which `before` holds, their keys are taken over from there.
   void AddWords(TreeNodes& nodes, TreePrptys& records, EntryKey categoryKey, qint32 DictID,
-                const std::vector<WordRow>& words, TreePrptys* before = nullptr);
+                std::vector<WordRow> words, TreePrptys* before = nullptr);
   void AddBranches(TreeNodes& nodes, const PasteStore::Category& category);
   EntryKey NextKey();
   // The key of the node that the branch hangs under, of none or of no node when that is gone.
