@@ -81,8 +81,8 @@ Node* EditWordsFuncs::AddBranch(TreeView& TheTree, const DeletedBranch& branch,
   const WordRow* const top = TopOf(rows);
   if (!rows.category && top == nullptr) return nullptr;
   const EntryKey parentKey = ParentOf(rows);
-  std::unordered_map<qint32, EntryKey>
-      keys;  // of those that are added, by FatherID of the words below
+  // Of those that are added, by the FatherID of the words below them.
+  std::unordered_map<qint32, EntryKey> keys;
   const auto add = [&](EntryKey fatherKey, const SharedText& name, int image, EntryTag tag) {
     const EntryKey key = NextKey();
     nodes.Add(fatherKey, Relationship::kChild, key, name, image).SetTag(tag);
