@@ -289,13 +289,17 @@ class WindowTest(unittest.TestCase):
         run("xdotool", "mousemove", x, y, "mousedown", button, "mousemove", (x + to_x) // 2, (y + to_y) // 2,
             "mousemove", to_x, to_y, "mouseup", button)
 
-    def click_item(self, item, button=1, count=1, dx=None):
-        """Clicks into the middle of a control or item found on the accessibility bus, or dx pixels from
-        its left edge: the tree answers only where a label is, LABEL. All in unscaled pixels."""
+    def hover(self, item, dx=None):
+        """Moves the pointer into the middle of a control or item found on the accessibility bus, or dx
+        pixels from its left edge: the tree answers only where a label is, LABEL. All in unscaled pixels."""
         from gi.repository import Atspi
         box = item.get_extents(Atspi.CoordType.SCREEN)
         x, y = box.x + (box.width / 2 if dx is None else dx), box.y + box.height / 2
-        self.click(round(x * self.scale), round(y * self.scale), button, count)
+        run("xdotool", "mousemove", round(x * self.scale), round(y * self.scale))
+
+    def click_item(self, item, button=1, count=1, dx=None):
+        self.hover(item, dx)
+        run("xdotool", "click", "--repeat", count, "--delay", 40, button)
 
     def key(self, *keys):
         run("xdotool", "key", "--clearmodifiers", *keys)

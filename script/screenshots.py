@@ -1,7 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The HCWordLib authors
 # SPDX-License-Identifier: MIT
-"""Pictures of the program at work, in light and dark, at 100 and 200 %: FOLDER/<variant>/<name>.png."""
+"""Pictures of the program at work, in light and dark, at 100, 150 and 200 %, in a Chinese and an English
+locale: FOLDER/<variant>/<name>.png."""
 
+import itertools
 import pathlib
 import sys
 import unittest
@@ -35,16 +37,18 @@ ForegroundNormal=252,252,252
 class Screenshots(desktop.WindowTest):
     outline = (desktop.ROOT / "data" / "sample" / "sample.outline").read_text(encoding="utf-8")
 
-    def take(self, variant, scale, dark):
-        folder = pathlib.Path(FOLDER) / variant
+    def take(self, colors, percent, language):
+        self.setUp()
+        folder = pathlib.Path(FOLDER) / f"{colors}-{percent}-{language}"
         folder.mkdir(parents=True, exist_ok=True)
-        extra = {"QT_SCALE_FACTOR": str(scale), "LANG": "zh_CN.UTF-8", "LC_CTYPE": "C.UTF-8"}
+        scale = percent / 100
+        extra = {"QT_SCALE_FACTOR": str(scale), "LANG": "zh_CN.UTF-8" if language == "zh" else "en_US.UTF-8", "LC_CTYPE": "C.UTF-8"}
         del self.env["LC_ALL"]
-        if dark:
+        if colors == "dark":
             (self.home / "XDG_CONFIG_HOME" / "kdeglobals").write_text(DARK, encoding="utf-8")
             extra |= {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}
         self.process, window = self.open(**extra)
-        self.move(window, 20 * scale, 20 * scale, 760 * scale, 560 * scale)
+        self.move(window, *(round(scale * length) for length in (20, 20, 760, 560)))
 
         self.click_item(self.cell(desktop.TITLE), dx=desktop.LABEL)
         self.key("Right")
@@ -73,6 +77,11 @@ class Screenshots(desktop.WindowTest):
         self.cell("粗车外圆至图示尺寸")
         self.picture(folder / "paste.png", window, of_screen=True)
 
+        for name in "查找", "恢复最近一次删除的内容":
+            self.hover(self.item(self.process, "push button", name))
+        self.item(self.process, "tool tip")
+        self.picture(folder / "corner.png", window, of_screen=True)
+
         self.click_item(self.cell("车削"), dx=desktop.LABEL)
         self.click_item(self.item(self.process, "push button", "新词"))
         self.item(self.process, "text", "名称")
@@ -100,17 +109,10 @@ class Screenshots(desktop.WindowTest):
             return desktop.run("identify", "-format", "%#", file)  # tells pictures apart by their pixels
         wait_until(lambda: take() == take(), f"{file.name} stands still")
 
-    def test_light_100(self):
-        self.take("light-100", 1, False)
-
-    def test_light_200(self):
-        self.take("light-200", 2, False)
-
-    def test_dark_100(self):
-        self.take("dark-100", 1, True)
-
-    def test_dark_200(self):
-        self.take("dark-200", 2, True)
+    def test_every_variant(self):
+        for variant in itertools.product(("light", "dark"), (100, 150, 200), ("zh", "en")):
+            with self.subTest(variant):
+                self.take(*variant)
 
 
 if __name__ == "__main__":

@@ -8,6 +8,7 @@
 #include "list_view.h"
 #include "session.h"
 #include "shared_objects.h"
+#include "tree_corner.h"
 #include "tree_view.h"
 
 #include <QApplication>
@@ -62,6 +63,27 @@ void Session::CopyBranch() {
   if (!FocusOn(control)) return;
   Tell(QStringLiteral("copies"));
   Key(Qt::Key_C, OneIn(3) ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+// By mouse what else has keys: also from an open editor.
+void Session::Corner() {
+  if (QApplication::activePopupWidget() != nullptr) return;
+  if (StoredLibrary(*colleague_).size() > kMostEntries) return;
+  if (!window_->isActiveWindow()) window_->activateWindow();
+  const auto inWindow = [this](const QWidget& widget) {
+    return widget.mapTo(window_.get(), widget.rect().center());
+  };
+  const auto* corner = tree_->findChild<TreeCorner*>();
+  for (const QPoint& point : {QPoint(9, 9), inWindow(*tree_), inWindow(*corner)}) {
+    QTest::mouseMove(window_->windowHandle(), point);
+    Settle();
+  }
+  const auto* button = OneOf(corner->findChildren<QToolButton*>());
+  Tell(QStringLiteral("corner: ") + button->accessibleName());
+  QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {}, inWindow(*button));
+  Settle();
+  // What has no parent may have left the tree, or have come back unseen.
+  touched_.entries.merge(Orphans(StoredLibrary(*colleague_)));
 }
 
 void Session::NameAnother() {

@@ -60,6 +60,10 @@ std::pair<QPoint, QString> Session::Place() {
       QStringLiteral("tbToolBar"),      QStringLiteral("picForCBToolBar")};
   switch (kind) {
     case 10:
+      if (OneIn(2)) {
+        return {inTree({tree_->viewport()->width() - 12, tree_->viewport()->height() - 12}),
+                QStringLiteral("tree's corner")};
+      }
       return {inTree({30, tree_->viewport()->height() - 4}), QStringLiteral("tree's lower edge")};
     case 11:
       if (const auto* editor = tree_->findChild<QLineEdit*>(QStringLiteral("txtLabel"))) {

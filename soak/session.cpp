@@ -147,6 +147,7 @@ void Session::Act(int index) {
       {1, &Session::FailingStatement},
       {1, &Session::PasteList},
       {1, &Session::CopyBranch},
+      {2, &Session::Corner},
       {2, &Session::NameAnother},
       {1, &Session::CloseAndReopen},
   };

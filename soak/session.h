@@ -83,6 +83,7 @@ class Session : public QObject {
   void CloseAndReopen();
   void PasteList();
   void CopyBranch();
+  void Corner();
   void NameAnother();
 
   bool FocusOn(QWidget& control);

@@ -61,8 +61,9 @@ class Accessibility(desktop.WindowTest):
         self.item(self.process, "text", "名称")
         self.key("Escape", "shift+F10")
         self.item(self.process, "popup menu", "弹出菜单")
-        self.key("Escape", "Tab", "Tab")
-        wait_until(lambda: self.focused() == ("push button", "新条目"), f"Tab leads to the tool bar, not {self.focused()}")
+        for keys in ("Escape", "Tab", "Tab"), ("shift+Tab", "shift+Tab", "ctrl+f", "Tab", "Tab"):
+            self.key(*keys)
+            wait_until(lambda: self.focused() == ("push button", "新条目"), f"Tab leads to the tool bar, not {self.focused()}")
 
         self.key("Tab", "Tab", "Tab", "Tab")
         wait_until(lambda: self.focused() == ("push button", "关于"), f"Tab leads to the picture, not {self.focused()}")

@@ -11,7 +11,7 @@ class GlyphButton : public QToolButton {
   Q_OBJECT
 
  public:
-  enum class Glyph { kUp, kDown, kCross, kLens };
+  enum class Glyph { kUp, kDown, kCross, kLens, kReload, kCopy, kPaste, kTakeBack };
 
   // `name` is for assistive tools, and the tool tip, with the keys behind it.
   GlyphButton(Glyph glyph, const QString& name, const QString& keys, QWidget* parent);

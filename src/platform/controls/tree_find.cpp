@@ -4,8 +4,8 @@
 #include "tree_find.h"
 
 #include "find_field.h"
-#include "glyph_button.h"
 #include "pinyin.h"
+#include "tree_corner.h"
 #include "tree_view.h"
 
 #include <QBoxLayout>
@@ -58,15 +58,10 @@ class BarAboveField : public QScrollBar {
 
 }  // namespace
 
-TreeFind::TreeFind(TreeView& tree)
-    : tree_(tree),
-      field_(new FindField(&tree)),
-      lens_(new GlyphButton(GlyphButton::Glyph::kLens, QStringLiteral("查找"),
-                            QStringLiteral("Ctrl+F"), &tree)) {
+TreeFind::TreeFind(TreeView& tree) : tree_(tree), field_(new FindField(&tree)) {
   tree_.setHorizontalScrollBar(new BarAboveField(*field_, &tree_));
   tree_.addScrollBarWidget(field_, Qt::AlignRight);
   field_->hide();
-  lens_->hide();
   field_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   if (auto* room = qobject_cast<QBoxLayout*>(field_->parentWidget()->layout())) {
     room->setDirection(QBoxLayout::TopToBottom);
@@ -78,7 +73,9 @@ TreeFind::TreeFind(TreeView& tree)
   key(Qt::CTRL | Qt::Key_F, [this] { Open(); });
   key(Qt::Key_F3, [this] { Go(true); });
   key(Qt::SHIFT | Qt::Key_F3, [this] { Go(false); });
-  connect(lens_, &QToolButton::clicked, this, &TreeFind::Open);
+  const GlyphButton& lens = tree_.Corner().Add(GlyphButton::Glyph::kLens, QStringLiteral("查找"),
+                                               QStringLiteral("Ctrl+F"));
+  connect(&lens, &QToolButton::clicked, this, &TreeFind::Open);
 
   connect(field_, &FindField::TextChanged, this, &TreeFind::TextChanged);
   connect(field_, &FindField::Next, this, [this] { Go(true); });
@@ -92,7 +89,6 @@ TreeFind::TreeFind(TreeView& tree)
   connect(nodes, &QAbstractItemModel::dataChanged, this, &TreeFind::Outdate);
   connect(nodes, &QAbstractItemModel::modelAboutToBeReset, this, &TreeFind::Outdate);
   tree_.installEventFilter(this);
-  tree_.viewport()->installEventFilter(this);
   connect(tree_.horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int from, int to) {
     if (!field_->isHidden()) tree_.horizontalScrollBar()->setVisible(from < to);
   });
@@ -102,7 +98,6 @@ void TreeFind::Open() {
   if (!tree_.EndLabelEdit()) return;
   if (field_->isHidden()) {
     field_->show();
-    lens_->hide();
     QScrollBar* const bar = tree_.horizontalScrollBar();
     bar->setVisible(bar->minimum() < bar->maximum());
     tree_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -217,22 +212,10 @@ void TreeFind::ShowFound() {
 }
 
 bool TreeFind::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == &tree_ && event->type() == QEvent::KeyPress && !field_->isHidden() &&
+  if (event->type() == QEvent::KeyPress && !field_->isHidden() &&
       static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
     Close();
     return true;
   }
-  if (watched == &tree_ && (event->type() == QEvent::Enter || event->type() == QEvent::Leave)) {
-    lens_->setVisible(event->type() == QEvent::Enter && field_->isHidden());
-    PlaceLens();
-  } else if (event->type() == QEvent::Resize) {
-    PlaceLens();
-  }
   return QObject::eventFilter(watched, event);
-}
-
-void TreeFind::PlaceLens() {
-  const QRect room = tree_.viewport()->geometry();
-  lens_->move(room.right() - lens_->width() - 2, room.bottom() - lens_->height() - 2);
-  lens_->raise();
 }

@@ -11,13 +11,12 @@
 #include <vector>
 
 class FindField;
-class GlyphButton;
 class Node;
 class TreeView;
 
 // Finding in a tree, over all of its nodes, also the folded ones: the field at its lower edge, the
-// keys that open it and go on, and a lens in the corner for the mouse. What is found is selected as
-// the keyboard selects. A search reads every name once.
+// keys that open it and go on, and a lens in the tree's corner. What is found is selected as the
+// keyboard selects. A search reads every name once.
 class TreeFind : public QObject {
   Q_OBJECT
 
@@ -44,11 +43,9 @@ class TreeFind : public QObject {
   void Go(bool forward);
   void Select(size_t place);
   void ShowFound();
-  void PlaceLens();
 
   TreeView& tree_;
   FindField* field_;
-  GlyphButton* lens_;
   NamePattern pattern_;
   QString searched_;  // the text of it
   // In the tree's order.

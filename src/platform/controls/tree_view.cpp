@@ -7,6 +7,7 @@
 #include "label_editing.h"
 #include "mouse.h"
 #include "name_pattern.h"
+#include "tree_corner.h"
 #include "tree_find.h"
 #include "tree_item_delegate.h"
 #include "tree_lines.h"
@@ -34,7 +35,8 @@ constexpr int kLeastLabelInSight = 60;
 TreeView::TreeView(QWidget* parent)
     : QTreeView(parent),
       delegate_(new TreeItemDelegate(this)),
-      labelEditing_(std::make_unique<LabelEditing>(*this)) {
+      labelEditing_(std::make_unique<LabelEditing>(*this)),
+      corner_(new TreeCorner(*this)) {
   setModel(&nodes_);
   find_ = std::make_unique<TreeFind>(*this);
   setHeaderHidden(true);

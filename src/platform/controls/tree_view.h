@@ -13,6 +13,7 @@
 
 class ImageList;
 class LabelEditing;
+class TreeCorner;
 class TreeFind;
 class TreeItemDelegate;
 
@@ -32,6 +33,8 @@ class TreeView : public QTreeView {
 
   TreeNodes& Nodes() { return nodes_; }
   const TreeNodes& Nodes() const { return nodes_; }
+  // Where the mouse finds what else has keys only.
+  TreeCorner& Corner() { return *corner_; }
 
   // When on, the selected node is not highlighted while the tree has not the focus.
   void SetHideSelection(bool hide);
@@ -137,5 +140,6 @@ class TreeView : public QTreeView {
   // The press being delivered has brought the focus.
   bool focusCameWithPress_ = false;
   TypeAhead typeAhead_;
+  TreeCorner* corner_;
   std::unique_ptr<TreeFind> find_;
 };

@@ -12,6 +12,7 @@
 #include "picture_button.h"
 #include "status_bar.h"
 #include "tool_bar.h"
+#include "tree_corner.h"
 #include "tree_view.h"
 #include "vertical_label.h"
 
@@ -262,7 +263,17 @@ void frmMain::ConnectEvents() {
   for (const QKeySequence& paste : QKeySequence::keyBindings(QKeySequence::Paste)) {
     onKey(tvTreeView, paste, [this] { PasteList(); });
   }
-
-  QWidget::setTabOrder(tvTreeView, lvListView);
-  QWidget::setTabOrder(lvListView, &tbToolBar->Button(QStringLiteral("新条目")));
+  const auto onButton = [this](GlyphButton::Glyph glyph, const QString& name, const QString& keys,
+                               const auto& act) {
+    connect(&tvTreeView->Corner().Add(glyph, name, keys), &QToolButton::clicked, this,
+            Guarded([act](bool) { act(); }));
+  };
+  onButton(GlyphButton::Glyph::kReload, QStringLiteral("重新读入词句库"), QStringLiteral("F5"),
+           [this] { ReloadWordLib(); });
+  onButton(GlyphButton::Glyph::kCopy, QStringLiteral("复制选中项和它下面的全部内容"),
+           QStringLiteral("Ctrl+Shift+C"), [this] { CopyBranch(tvTreeView->SelectedItem()); });
+  onButton(GlyphButton::Glyph::kPaste, QStringLiteral("把剪贴板中的各行加到选中项之下"),
+           QStringLiteral("Ctrl+V"), [this] { PasteList(); });
+  onButton(GlyphButton::Glyph::kTakeBack, QStringLiteral("恢复最近一次删除的内容"),
+           QStringLiteral("Ctrl+Z"), [this] { TakeBackDelete(); });
 }

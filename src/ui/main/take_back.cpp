@@ -14,13 +14,11 @@
 #include "shared_objects.h"
 #include "tree_view.h"
 
-#include <QApplication>
-
 void frmMain::TakeBackDelete() {
   if (!tvTreeView->EndLabelEdit()) return;
   const DeletedBranch* const branch = deleted_->Next();
   if (branch == nullptr) {
-    QApplication::beep();
+    TellAt(*tvTreeView->SelectedItem(), QStringLiteral("没有可以恢复的内容。"));
     return;
   }
   const DeletedRows& rows = branch->rows;

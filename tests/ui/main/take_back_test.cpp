@@ -7,6 +7,8 @@
 #include "rows.h"
 #include "shared_objects.h"
 
+#include <QToolTip>
+
 namespace {
 
 class TakeBackTest : public MainWindowTest {
@@ -131,6 +133,39 @@ TEST_F(TakeBackTest, AFailureLeavesAllAsItIs) {
       Audit();
     }
   }
+}
+
+TEST_F(TakeBackTest, TheCornerOfTheTreeDoesForTheMouseWhatElseHasKeysOnly) {
+  const auto move = [this](const QPoint& point) {
+    QTest::mouseMove(window_->windowHandle(), point);
+    QApplication::processEvents();
+  };
+  const auto click = [&](const char* name) {
+    for (const QToolButton* button : tvTreeView->findChildren<QToolButton*>()) {
+      if (button->accessibleName() != QString::fromUtf8(name)) continue;
+      const QWidget* const corner = button->parentWidget();
+      move({9, 9});
+      move(Label(""));
+      move(corner->mapTo(window_.get(), corner->rect().center()));
+      QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {},
+                        button->mapTo(window_.get(), button->rect().center()));
+    }
+  };
+  click("恢复最近一次删除的内容");
+  EXPECT_EQ(QToolTip::text(), QStringLiteral("没有可以恢复的内容。"));
+  Click("热处理");
+  click("复制选中项和它下面的全部内容");
+  Click("空类");
+  click("把剪贴板中的各行加到选中项之下");
+  EXPECT_EQ(Tree(At("空类")), "热处理(淬火 粗车)");
+  AnswerYes();
+  PressButton("删除");
+  Meanwhile("insert into Dictionary (GID,SortName,Position) values (20,'铣削',5)");
+  click("重新读入词句库");
+  EXPECT_EQ(At("铣削").Text(), QStringLiteral("铣削"));
+  click("恢复最近一次删除的内容");
+  EXPECT_EQ(Selected() + Tree(At("空类")), "空类热处理(淬火 粗车)");
+  Audit();
 }
 
 }  // namespace
