@@ -38,6 +38,8 @@ LabelEditor::LabelEditor(const QString& text, QWidget* parent)
     : QLineEdit(parent), initialText_(text), textBefore_(text) {
   setMaxLength(std::numeric_limits<int>::max());
   setText(text);
+  // Where the label has it, whichever way the text runs.
+  setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
   setAccessibleName(QStringLiteral("名称"));
   connect(this, &QLineEdit::textEdited, this, &LabelEditor::Edited);
 }

@@ -96,6 +96,8 @@ void TreeItemDelegate::PaintLabel(QPainter& painter, const QStyleOptionViewItem&
   painter.setFont(option.font);
   painter.setPen(
       option.palette.color(QPalette::Active, full ? QPalette::HighlightedText : QPalette::Text));
+  // A name that begins in Arabic or Hebrew reads from the right, as in the editor.
+  painter.setLayoutDirection(Qt::LayoutDirectionAuto);
   const QRect place = TextRect(label, option.fontMetrics);
   painter.drawText(
       place.left(), place.top() + option.fontMetrics.ascent(),

@@ -64,8 +64,8 @@ constexpr Reason kReasons[] = {
     {"08001|HYT01|..... (2002|2003|2005|2026) |08S01 2013 .*handshake",
      "连接不上数据库服务器；请检查网络、服务器和数据源。"},
     // crash_shutdown, idle_session_timeout, ER_SERVER_SHUTDOWN, ER_CONNECTION_KILLED,
-    // CR_SERVER_GONE_ERROR, CR_SERVER_LOST_EXTENDED.
-    {"08|57P0[125]|..... (1053|1927|2006|2013|2055) ",
+    // CR_SERVER_GONE_ERROR, CR_SERVER_LOST_EXTENDED, CR_ERR_NET_READ.
+    {"08|57P0[125]|..... (1053|1927|2006|2013|2055|501[34]) ",
      "与数据库服务器的连接断开了；重新打开程序，看最后一步改动是否已经保存。"},
     {"42P01|42S02|HY000 1 \\[SQLite\\]no such table",
      "数据库中没有词句库的表；新的词句库先用“hcwordlib-admin init”建表。"},
