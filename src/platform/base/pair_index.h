@@ -53,7 +53,7 @@ class PairIndex {
   }
 
  private:
-  static constexpr unsigned kSlotBits = 6;
+  static constexpr unsigned kSlotBits = 8;
   struct Page {
     std::array<T*, 1 << kSlotBits> objects{};
     int count = 0;

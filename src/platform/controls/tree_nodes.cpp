@@ -38,6 +38,7 @@ void TreeNodes::Hang(std::unique_ptr<Node> node, const Node* before) {
   Node* const parent = node->parent_;
   if (!parent->children_) {
     parent->children_ = std::make_unique<std::vector<std::unique_ptr<Node>>>();
+    parent->children_->reserve(3);  // which the smallest allocation has room for
   }
   const int row = before == nullptr ? parent->Children() : before->row_;
   const bool isAnnounced = !loading_ && growing_ == nullptr;
@@ -45,8 +46,13 @@ void TreeNodes::Hang(std::unique_ptr<Node> node, const Node* before) {
     beginInsertRows(parent == &top_ ? QModelIndex() : IndexOf(parent), row, row);
   }
   auto& siblings = *parent->children_;
-  siblings.insert(siblings.begin() + row, std::move(node));
-  for (size_t i = row; i < siblings.size(); ++i) siblings[i]->row_ = static_cast<qint32>(i);
+  if (before == nullptr) {
+    node->row_ = row;
+    siblings.push_back(std::move(node));
+  } else {
+    siblings.insert(siblings.begin() + row, std::move(node));
+    for (size_t i = row; i < siblings.size(); ++i) siblings[i]->row_ = static_cast<qint32>(i);
+  }
   if (isAnnounced) endInsertRows();
 }
 

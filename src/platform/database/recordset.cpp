@@ -12,7 +12,6 @@
 #include <QRegularExpression>
 
 #include <exception>
-#include <limits>
 
 namespace {
 
@@ -32,16 +31,6 @@ RowBuffer ReadRows(const OdbcConnection& connection, const QString& statement,
     outcome = rows.Read(hstmt, columns, outcome.nextTextBytes);
   }
   return rows;
-}
-
-qint64 IntegerAt(const RowBuffer& rows, size_t column, size_t row) {
-  if (!rows.IsText(column)) return rows.Number(column, row);
-  const QStringView text = rows.Text(column, row);
-  if (text.isEmpty()) return 0;
-  bool isInteger = false;
-  const qint64 number = text.toLongLong(&isInteger);
-  if (!isInteger) throw DatabaseError(QStringLiteral("“%1”不是整数。").arg(text));
-  return number;
 }
 
 // The table of a statement that reads whole rows of one table, or an empty text.
@@ -76,7 +65,12 @@ struct Recordset::Impl {
   void RequireCurrentRow() const {
     if (adding || current >= rows.RowCount()) FailWithoutCurrentRow();
   }
+  // These stand apart from what runs for every field of many rows, which they would slow down.
   [[noreturn]] void FailWithoutCurrentRow() const;
+  [[noreturn]] void FailOutOfRange(size_t column, qint64 number) const;
+  [[noreturn]] void FailWithoutText(size_t column) const;
+  // The row stored last may have none in `column`.
+  void RequireNumber(size_t column) const;
   // The number that the database has given to the row just stored, which stands in `column`.
   qint64 GivenNumber(size_t column) const;
   // The same for a column that was left to the database, which need not be a numbering one: a
@@ -99,13 +93,29 @@ void Recordset::Impl::FailWithoutCurrentRow() const {
   throw DatabaseError(QStringLiteral("没有当前记录。"));
 }
 
+void Recordset::Impl::RequireNumber(size_t column) const {
+  const bool isNewRow = current + 1 == rows.RowCount();
+  if (isNewRow && !newRow[column]) std::rethrow_exception(noNumber);
+}
+
+void Recordset::Impl::FailOutOfRange(size_t column, qint64 number) const {
+  throw DatabaseError(QStringLiteral("字段“%1”的值 %2 超出 32 位整数的范围。")
+                          .arg(QString::fromUtf8(rows.ColumnName(column)))
+                          .arg(number));
+}
+
+void Recordset::Impl::FailWithoutText(size_t column) const {
+  throw DatabaseError(
+      QStringLiteral("字段“%1”不是文字。").arg(QString::fromUtf8(rows.ColumnName(column))));
+}
+
 qint64 Recordset::Impl::GivenNumber(size_t column) const {
   const char* identityStatement = connection->dialect->identityStatement;
   const RowBuffer answer =
       ReadRows(*connection,
                identityStatement != nullptr ? QString::fromLatin1(identityStatement) : statement);
   if (answer.RowCount() == 0) throw DatabaseError(QStringLiteral("数据库没有给出新记录的编号。"));
-  return IntegerAt(answer, identityStatement != nullptr ? 0 : column, answer.RowCount() - 1);
+  return answer.Integer(identityStatement != nullptr ? 0 : column, answer.RowCount() - 1);
 }
 
 qint64 Recordset::Impl::AskNumber(size_t column) {
@@ -199,14 +209,9 @@ size_t Recordset::ColumnOf(const char* name) const {
 
 qint32 Recordset::FieldInteger(size_t column) const {
   impl_->RequireCurrentRow();
-  const bool isNewRow = impl_->noNumber && impl_->current + 1 == impl_->rows.RowCount();
-  if (isNewRow && !impl_->newRow[column]) std::rethrow_exception(impl_->noNumber);
-  const qint64 number = IntegerAt(impl_->rows, column, impl_->current);
-  if (number < std::numeric_limits<qint32>::min() || number > std::numeric_limits<qint32>::max()) {
-    throw DatabaseError(QStringLiteral("字段“%1”的值 %2 超出 32 位整数的范围。")
-                            .arg(QString::fromUtf8(impl_->rows.ColumnName(column)))
-                            .arg(number));
-  }
+  if (impl_->noNumber) impl_->RequireNumber(column);
+  const qint64 number = impl_->rows.Integer(column, impl_->current);
+  if (number != static_cast<qint32>(number)) impl_->FailOutOfRange(column, number);
   return static_cast<qint32>(number);
 }
 
@@ -218,10 +223,7 @@ QString Recordset::FieldText(size_t column) const {
 
 QStringView Recordset::FieldView(size_t column) const {
   impl_->RequireCurrentRow();
-  if (!impl_->rows.IsText(column)) {
-    throw DatabaseError(QStringLiteral("字段“%1”不是文字。")
-                            .arg(QString::fromUtf8(impl_->rows.ColumnName(column))));
-  }
+  if (!impl_->rows.IsText(column)) impl_->FailWithoutText(column);
   return impl_->rows.Text(column, impl_->current);
 }
 

@@ -95,7 +95,6 @@ struct RowBuffer::Block {
   std::vector<Place> places;
   SQLULEN rows = 0;  // fetched
   SQLUSMALLINT status[kBlockRows] = {};
-  std::vector<QChar> decoded;
   // Drivers differ in how they tell that they cut a text: by a warning, by the length alone, by an
   // error, or by nothing but that no terminator stands behind the text. So each of these is taken
   // for that, until the place cannot grow any more.
@@ -109,7 +108,6 @@ RowBuffer::Block::Block(const std::vector<Column>& columns, size_t leastTextByte
     if (c.bytes <= kMostColumnBytes) textBytes = std::max(textBytes, c.bytes + kMostBytes + 1);
   }
   mostRows = textBytes <= kMostColumnBytes + kMostBytes + 1 ? kBlockRows : 1;
-  decoded.resize(textBytes);
 }
 
 void RowBuffer::Block::Bind(const OdbcHandle& statement, const std::vector<Column>& columns) {
@@ -151,21 +149,29 @@ void RowBuffer::Block::AppendNumbers(const Place& place, std::vector<qint64>& nu
 }
 
 void RowBuffer::Block::AppendTexts(const Place& place, Column& column) {
-  for (size_t row = 0; row < rows; ++row) {
+  const auto bytesOf = [&](size_t row) -> size_t {
     const SQLLEN length = place.lengths[row];
-    if (length != SQL_NULL_DATA) {
-      const char* text = place.bytes.get() + row * textBytes;
-      size_t bytes = length < 0 ? textBytes : static_cast<size_t>(length);
-      longest = std::max(longest, bytes);
-      bytes = std::min(bytes, textBytes - 1);
-      if (text[bytes] != 0) isDoubtful = true;
-      const QChar* const end =
-          Decode(QByteArrayView(text, static_cast<qsizetype>(bytes)), decoded.data());
-      column.text.append(reinterpret_cast<const char16_t*>(decoded.data()),
-                         static_cast<size_t>(end - decoded.data()));
-    }
-    column.ends.push_back(column.text.size());
+    if (length == SQL_NULL_DATA) return 0;
+    return length < 0 ? textBytes : static_cast<size_t>(length);
+  };
+  size_t all = 0;
+  for (size_t row = 0; row < rows; ++row) {
+    const size_t bytes = bytesOf(row);
+    longest = std::max(longest, bytes);
+    all += std::min(bytes, textBytes - 1);
   }
+  QString& text = column.text;
+  qsizetype end = text.size();
+  text.resize(end + static_cast<qsizetype>(all));
+  QChar* const begin = text.data();
+  for (size_t row = 0; row < rows; ++row) {
+    const char* const utf8 = place.bytes.get() + row * textBytes;
+    const size_t bytes = std::min(bytesOf(row), textBytes - 1);
+    if (place.lengths[row] != SQL_NULL_DATA && utf8[bytes] != 0) isDoubtful = true;
+    end = Decode(QByteArrayView(utf8, static_cast<qsizetype>(bytes)), begin + end) - begin;
+    column.ends.push_back(end);
+  }
+  text.truncate(end);
 }
 
 RowBuffer::Outcome RowBuffer::Block::Judge() const {
@@ -187,8 +193,17 @@ size_t RowBuffer::ColumnOf(const char* name) const {
 
 void RowBuffer::AppendText(size_t column, QStringView text) {
   Column& c = columns_[column];
-  c.text.append(text.utf16(), static_cast<size_t>(text.size()));
+  c.text.append(text);
   c.ends.push_back(c.text.size());
+}
+
+qint64 RowBuffer::IntegerOfText(size_t column, size_t row) const {
+  const QStringView text = Text(column, row);
+  if (text.isEmpty()) return 0;
+  bool isInteger = false;
+  const qint64 number = text.toLongLong(&isInteger);
+  if (!isInteger) throw DatabaseError(QStringLiteral("“%1”不是整数。").arg(text));
+  return number;
 }
 
 void RowBuffer::TakeColumns(const OdbcHandle& statement, const QByteArrayList& columns) {

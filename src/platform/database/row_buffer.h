@@ -6,9 +6,9 @@
 #include "odbc_handle.h"
 
 #include <QByteArrayList>
+#include <QString>
 #include <QStringView>
 
-#include <string>
 #include <vector>
 
 // The rows of a statement, column by column: numbers side by side, the texts of a column end to end
@@ -34,8 +34,12 @@ class RowBuffer {
   qint64 Number(size_t column, size_t row) const { return columns_[column].numbers[row]; }
   QStringView Text(size_t column, size_t row) const {
     const Column& c = columns_[column];
-    const size_t begin = row == 0 ? 0 : c.ends[row - 1];
-    return QStringView(c.text.data() + begin, static_cast<qsizetype>(c.ends[row] - begin));
+    const qsizetype begin = row == 0 ? 0 : c.ends[row - 1];
+    return QStringView(c.text.constData() + begin, c.ends[row] - begin);
+  }
+  // A number, or what a text says, of which an empty one is 0. Raises DatabaseError for any other.
+  qint64 Integer(size_t column, size_t row) const {
+    return IsText(column) ? IntegerOfText(column, row) : Number(column, row);
   }
 
   // A row is appended by one call for each column and one of EndRow.
@@ -50,12 +54,13 @@ class RowBuffer {
     bool isText = false;
     size_t bytes = 0;  // the longest text as far as the driver knows
     std::vector<qint64> numbers;
-    std::u16string text;
-    std::vector<size_t> ends;
+    QString text;
+    std::vector<qsizetype> ends;
   };
 
   struct Block;
 
+  qint64 IntegerOfText(size_t column, size_t row) const;
   void TakeColumns(const OdbcHandle& statement, const QByteArrayList& columns);
 
   std::vector<Column> columns_;
