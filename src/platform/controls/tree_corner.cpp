@@ -4,8 +4,10 @@
 #include "tree_corner.h"
 
 #include <QAbstractScrollArea>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QTimer>
+#include <QWheelEvent>
 
 namespace {
 
@@ -34,6 +36,11 @@ void TreeCorner::enterEvent(QEnterEvent* event) {
 void TreeCorner::leaveEvent(QEvent* event) {
   Fold(true);
   QFrame::leaveEvent(event);
+}
+
+// A view that is scrolled does not stop where its corner comes under the pointer.
+void TreeCorner::wheelEvent(QWheelEvent* event) {
+  QCoreApplication::sendEvent(view_.viewport(), event);
 }
 
 bool TreeCorner::eventFilter(QObject* watched, QEvent* event) {
