@@ -79,6 +79,7 @@ class Desktop:
         try:
             os.environ["DISPLAY"] = ":" + self._spawn_talker(
                 "Xvfb", "-displayfd", "{}", "-screen", "0", size + "x24", "-nolisten", "tcp", "-noreset")
+            self._plain_keyboard()
             os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._spawn_talker(
                 "dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address={}")
             self.servers.append(self.spawn("openbox", "--sm-disable"))
@@ -101,6 +102,16 @@ class Desktop:
         os.close(writer)
         with open(reader, encoding="utf-8") as answer:
             return answer.readline().strip()
+
+    def _plain_keyboard(self):
+        """Gives a key that Alt, Control or the like can shift its first symbol alone: where the keyboard's
+        description names such a modifier beside the first symbol too, xdotool would press it for F2."""
+        file, display = self.folder / "keyboard.xkb", os.environ["DISPLAY"]
+        run("xkbcomp", "-w0", display, file)
+        keys = re.sub(r'type= *"(?!ALPHABETIC)[^"]+",\s*symbols\[Group1\]= *\[ *([^\s,]+)[^\]]*\]', r"[ \1 ]",
+                      file.read_text(encoding="utf-8"))
+        file.write_text(keys, encoding="utf-8")
+        run("xkbcomp", "-w0", file, display)
 
     def stop(self):
         for server in reversed(self.servers):
@@ -306,7 +317,8 @@ class WindowTest(unittest.TestCase):
 
     def type(self, text):
         # Every character gets a key first: one that is mapped just for its own stroke can come too late.
-        for code, char in enumerate(sorted({char for char in text if char > "~"}), 200):
+        # The keys from 208 on are no modifiers.
+        for code, char in enumerate(sorted({char for char in text if char > "~"}), 208):
             run("xmodmap", "-e", f"keycode {code} = U{ord(char):04X}")
         run("xdotool", "type", "--delay", 30, "--", text)
 

@@ -26,7 +26,9 @@ mkdir -m 700 "$isolated"/{home,config,data,cache,run}
 mkdir -m 1777 "$isolated/tmp"
 export HOME=$isolated/home XDG_CONFIG_HOME=$isolated/config XDG_DATA_HOME=$isolated/data
 export XDG_CACHE_HOME=$isolated/cache XDG_RUNTIME_DIR=$isolated/run TMPDIR=$isolated/tmp
-export ODBCINI=$isolated/odbc.ini LC_ALL=C.UTF-8
+export ODBCINI=$isolated/odbc.ini
+unset LANG "${!LC_@}"
+export LC_ALL=C.UTF-8
 unset DISPLAY WAYLAND_DISPLAY XAUTHORITY DBUS_SESSION_BUS_ADDRESS XDG_CURRENT_DESKTOP
 
 # The machine's drivers, but none of its data sources; Debian lets one driver write a log to /tmp for

@@ -9,6 +9,7 @@
 #include "library_copy.h"
 #include "library_tasks.h"
 #include "new_library.h"
+#include "utf8_locale.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -154,6 +155,7 @@ int Run(const QStringList& arguments) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  NameUtf8WithoutLocale();
   QCoreApplication application(argc, argv);
   QCoreApplication::setApplicationVersion(QStringLiteral(HCWORDLIB_VERSION));
   try {

@@ -8,6 +8,7 @@
 #include "frm_main.h"
 #include "single_instance.h"
 #include "termination.h"
+#include "utf8_locale.h"
 #include "window_manager.h"
 
 #include <QApplication>
@@ -49,6 +50,7 @@ int Main(int argc, char** argv) {
   // Chinese looks the same whatever the user's locale prefers for it, and whichever font a style or
   // a desktop sets at any time.
   qputenv("FC_LANG", "zh-cn");
+  NameUtf8WithoutLocale();
   qInstallMessageHandler(EndWithoutDisplay);
   QApplication application(argc, argv);
   qInstallMessageHandler(nullptr);

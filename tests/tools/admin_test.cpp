@@ -28,6 +28,10 @@ class AdminTest : public EngineTest {
   Outcome Run(const char* command, const QStringList& files = {}) const {
     QProcess process;
     if (QFile::exists(file_)) process.setStandardInputFile(file_);
+    // A bare system's names no locale.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("LC_ALL"));
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral(ADMIN_PROGRAM),
                   QStringList{QStringLiteral("--dsn"), ConnectionStringOf(GetParam()).mid(4),
                               QLatin1String(command)} +
