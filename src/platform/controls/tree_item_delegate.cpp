@@ -50,7 +50,7 @@ QRect TreeItemDelegate::ItemRect(const QRect& rect, const QFontMetrics& metrics,
 QRect TreeItemDelegate::TextRect(const QRect& label, const QFontMetrics& metrics) {
   const int height = metrics.height();
   return QRect(label.left() + kLabelPadding, label.top() + (label.height() - height + 1) / 2,
-               label.width() - kLabelPadding, height);
+               label.width() - 2 * kLabelPadding, height);
 }
 
 void TreeItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
