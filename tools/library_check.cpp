@@ -235,9 +235,9 @@ void Passage::ExamineWordsOf(qint64 gid, bool isThere, Room& room) {
     const size_t fatherId = rows.ColumnOf("FatherID");
     const size_t name = rows.ColumnOf("NodeName");
     for (; !rows.IsEof(); rows.MoveNext()) {
-      CheckedWord& word =
-          words.emplace_back(Number(rows, id), Number(rows, fatherId), rows.FieldText(name));
+      CheckedWord word{Number(rows, id), Number(rows, fatherId), rows.FieldText(name)};
       if (cutNames_.contains({gid, word.id})) word.name += QChar(u'\0');
+      words.push_back(std::move(word));
     }
   }
   checked_.words += static_cast<qsizetype>(words.size());

@@ -4,9 +4,11 @@
 #include "tree_corner.h"
 
 #include <QAbstractScrollArea>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QPainter>
 #include <QTimer>
+#include <QWheelEvent>
 
 namespace {
 
@@ -35,6 +37,11 @@ void TreeCorner::enterEvent(QEnterEvent* event) {
 void TreeCorner::leaveEvent(QEvent* event) {
   Fold(true);
   QWidget::leaveEvent(event);
+}
+
+// A view that is scrolled does not stop where its corner comes under the pointer.
+void TreeCorner::wheelEvent(QWheelEvent* event) {
+  QCoreApplication::sendEvent(view_.viewport(), event);
 }
 
 bool TreeCorner::eventFilter(QObject* watched, QEvent* event) {
