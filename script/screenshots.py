@@ -79,12 +79,13 @@ class Screenshots(desktop.WindowTest):
 
         for name in "查找", "恢复最近一次删除的内容":
             self.hover(self.item(self.process, "push button", name))
-        self.item(self.process, "tool tip")
+        self.item(self.process, "tool tip", name + "（Ctrl+Z）")
         self.picture(folder / "corner.png", window, of_screen=True)
 
         self.click_item(self.cell("车削"), dx=desktop.LABEL)
         self.click_item(self.item(self.process, "push button", "新词"))
         self.item(self.process, "text", "名称")
+        self.item(self.process, "tool tip", "按 Ctrl+Enter 保存并接着新建下一个")
         self.picture(folder / "editing.png", window, of_screen=True)
         self.key("Escape")
 
