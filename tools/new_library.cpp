@@ -82,7 +82,7 @@ QString MakeLibrary(const QFileInfo& place, int folder, bool withSample) {
   if (!empty.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
     RefuseFile(file, QStringLiteral("不能建立：") + empty.errorString());
   }
-  const QString content = FillLibrary(made, withSample);
+  QString content = FillLibrary(made, withSample);
   if (fsync(empty.handle()) != 0 || !empty.rename(file) || fsync(folder) != 0) {
     RefuseFile(file, QStringLiteral("不能建立：") + empty.errorString());
   }

@@ -120,9 +120,10 @@ std::vector<size_t> Branches::ParentsFirst() const {
 
 void Branches::TellLost(const std::vector<size_t>& order, bool isHome) {
   std::vector<qsizetype> below(words_.size());
-  for (auto word = order.rbegin(); word != order.rend(); ++word) {
-    if (const size_t parent = states_[*word].parent; parent != kNone) {
-      below[parent] += below[*word] + 1;
+  for (size_t i = order.size(); i > 0; --i) {
+    const size_t word = order[i - 1];
+    if (const size_t parent = states_[word].parent; parent != kNone) {
+      below[parent] += below[word] + 1;
     }
   }
   for (size_t i = 0; i < words_.size(); ++i) {

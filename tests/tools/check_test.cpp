@@ -25,7 +25,7 @@ class CheckTest : public EngineTest {
                               ConnectionStringOf(GetParam()).mid(4)} +
                       options);
     EXPECT_TRUE(process.waitForFinished()) << qPrintable(process.errorString());
-    const std::string output = process.readAllStandardOutput().toStdString();
+    std::string output = process.readAllStandardOutput().toStdString();
     EXPECT_EQ(process.exitCode(), isSound ? 0 : 1) << output;
     EXPECT_EQ(process.readAllStandardError().isEmpty(), isSound) << output;
     return output;
@@ -130,8 +130,9 @@ TEST_P(CheckTest, WhatOnlyLooksLikeTheSchemaIsReplaced) {
       {"sqlite",
        {"drop table Items", "create table Items (SortID int, ID int, FatherID int, NodeName text)",
         "create index ItemsByName on Dictionary(Position)", "drop trigger DictionaryDeleted",
-        "create trigger DictionaryDeleted after update on Dictionary begin delete from Items where "
-        "SortID = old.GID; end"}},
+        ("create trigger DictionaryDeleted after update on Dictionary begin delete from Items "
+         "where "
+         "SortID = old.GID; end")}},
       {"postgresql",
        {"alter table Items drop constraint Items_pkey", "drop index ItemsByName",
         "create index ItemsByName on Dictionary using hash (Position)",

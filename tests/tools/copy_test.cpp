@@ -28,7 +28,7 @@ class CopyTest : public EngineTest {
     process.write(input);
     process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished()) << qPrintable(process.errorString());
-    const std::string messages = process.readAllStandardError().toStdString();
+    std::string messages = process.readAllStandardError().toStdString();
     EXPECT_EQ(process.exitCode(), messages.empty() ? 0 : 1) << messages;
     return messages;
   }

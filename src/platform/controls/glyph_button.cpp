@@ -16,7 +16,7 @@ GlyphButton::GlyphButton(Glyph glyph, const QString& name, const QString& keys, 
   setAccessibleName(name);
   setToolTip(QStringLiteral("%1（%2）").arg(name, keys));
   setFocusPolicy(Qt::NoFocus);
-  setFixedSize(sizeHint());
+  setFixedSize(kSize, kSize);
 }
 
 QSize GlyphButton::sizeHint() const {

@@ -181,6 +181,7 @@ void frmMain::DeleteWords(EntryKey NodeKey) {
   TreePrptys& words = TheWordTree().colTreePrptys();
   const std::vector<EntryKey> keys = BranchOf(tvTreeView->Nodes().Item(NodeKey));
   std::vector<qint32> ids;
+  ids.reserve(keys.size());
   for (const EntryKey key : keys) ids.push_back(words.Item(key).ID());
   DeletedBranch branch{BranchRows(TheConn(), words.Item(NodeKey).DicID(), ids)};
   size_t gone = 0;
