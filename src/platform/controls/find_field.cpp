@@ -19,7 +19,7 @@ constexpr QMargins kMargins(4, 3, 2, 2);
 constexpr int kSpacing = 2;
 // The least widths, in pixels, in which there are buttons to go on and back, and one to close.
 constexpr int kWithAllButtons = 200;
-constexpr int kWithClose = 120;
+constexpr int kWithClose = 90;
 const QString kNothing = QStringLiteral("没有找到");
 
 }  // namespace
