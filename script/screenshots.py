@@ -79,12 +79,13 @@ class Screenshots(desktop.WindowTest):
 
         for name in "查找", "恢复最近一次删除的内容":
             self.hover(self.item(self.process, "push button", name))
-        self.item(self.process, "tool tip")
+        self.item(self.process, "tool tip", name + "（Ctrl+Z）")
         self.picture(folder / "corner.png", window, of_screen=True)
 
         self.click_item(self.cell("车削"), dx=desktop.LABEL)
         self.click_item(self.item(self.process, "push button", "新词"))
         self.item(self.process, "text", "名称")
+        self.item(self.process, "tool tip", "按 Ctrl+Enter 保存并接着新建下一个")
         self.picture(folder / "editing.png", window, of_screen=True)
         self.key("Escape")
 
@@ -98,7 +99,7 @@ class Screenshots(desktop.WindowTest):
         return self.item(self.process, "table cell", name)
 
     def picture(self, file, window, of_screen=False):
-        """Waits until the window stands still, and writes its picture."""
+        """Waits until the window stands still, but for a caret that blinks, and writes its picture."""
         if not of_screen:
             desktop.run("xdotool", "mousemove", 1599, 1199)  # nothing is under the pointer
         def take():
@@ -107,7 +108,8 @@ class Screenshots(desktop.WindowTest):
                 x, y, width, height = self.geometry(window)
                 desktop.run("mogrify", "-crop", f"{width}x{height}+{x}+{y}", "+repage", file)
             return desktop.run("identify", "-format", "%#", file)  # tells pictures apart by their pixels
-        wait_until(lambda: take() == take(), f"{file.name} stands still")
+        taken = set()
+        wait_until(lambda: (picture := take()) in taken or taken.add(picture), f"{file.name} stands still")
 
     def test_every_variant(self):
         for variant in itertools.product(("light", "dark"), (100, 150, 200), ("zh", "en")):

@@ -15,9 +15,12 @@
 namespace {
 
 constexpr int kLeastLine = 40;
+constexpr QMargins kMargins(4, 3, 2, 2);
+constexpr int kSpacing = 2;
 // The least widths, in pixels, in which there are buttons to go on and back, and one to close.
 constexpr int kWithAllButtons = 200;
-constexpr int kWithClose = 120;
+constexpr int kWithClose = 90;
+const QString kNothing = QStringLiteral("没有找到");
 
 }  // namespace
 
@@ -43,8 +46,8 @@ FindField::FindField(QWidget* parent)
   ColorParts();
 
   auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(4, 3, 2, 2);
-  row->setSpacing(2);
+  row->setContentsMargins(kMargins);
+  row->setSpacing(kSpacing);
   row->addWidget(line_, 1);
   row->addWidget(found_);
   for (GlyphButton* button : {previous_, next_, close_}) row->addWidget(button);
@@ -93,8 +96,7 @@ void FindField::ShowFound(qsizetype place, qsizetype count) {
   QString shown;
   QString told;
   if (!Text().isEmpty() && count == 0) {
-    told = QStringLiteral("没有找到");
-    shown = width() < kWithClose ? QStringLiteral("无") : told;
+    told = shown = kNothing;
   } else if (place > 0) {
     told = QStringLiteral("第 %1 项，共 %2 项").arg(place).arg(count);
     shown = QStringLiteral("%1/%2").arg(place).arg(count);
@@ -103,9 +105,22 @@ void FindField::ShowFound(qsizetype place, qsizetype count) {
     shown = QStringLiteral("–/%1").arg(count);
   }
   for (GlyphButton* button : {previous_, next_}) button->setEnabled(count > 0);
-  if (found_->text() == shown) return;
-  found_->setText(shown);
+  if (shown_ == shown) return;
+  shown_ = shown;
+  FitFound();
   line_->setAccessibleDescription(told);
+}
+
+// A number that is cut without a sign would be taken for another one.
+void FindField::FitFound() {
+  int room = width() - kMargins.left() - kMargins.right() - kLeastLine - kSpacing;
+  for (const GlyphButton* button : {previous_, next_, close_}) {
+    if (!button->isHidden()) room -= button->width() + kSpacing;
+  }
+  const QFontMetrics metrics = found_->fontMetrics();
+  const bool fits = metrics.horizontalAdvance(shown_) <= room;
+  found_->setText(!fits && shown_ == kNothing ? QStringLiteral("无")
+                                              : metrics.elidedText(shown_, Qt::ElideRight, room));
 }
 
 // The strip takes whatever width there is.
@@ -131,4 +146,5 @@ void FindField::resizeEvent(QResizeEvent* event) {
   previous_->setVisible(width() >= kWithAllButtons);
   next_->setVisible(width() >= kWithAllButtons);
   close_->setVisible(width() >= kWithClose);
+  FitFound();
 }

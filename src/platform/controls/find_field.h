@@ -41,9 +41,11 @@ class FindField : public QWidget {
 
  private:
   void ColorParts();
+  void FitFound();
 
   LabelEditor* line_;
   QLabel* found_;
+  QString shown_;  // there, where there is room
   GlyphButton* previous_;
   GlyphButton* next_;
   GlyphButton* close_;

@@ -33,7 +33,7 @@ void GlyphButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(fill);
     painter.drawRoundedRect(rect(), 3, 3);
   };
-  fillWith(palette().color(QPalette::Base));
+  fillWith(palette().color(QPalette::Active, QPalette::Base));
   if (isEnabled() && (underMouse() || isDown())) {
     QColor fill = color;
     fill.setAlpha(isDown() ? 56 : 28);
@@ -61,22 +61,22 @@ void GlyphButton::paintEvent(QPaintEvent* /*event*/) {
       break;
     case Glyph::kReload:
       painter.drawArc(QRectF(-4.5, -4.5, 9, 9), 60 * 16, 300 * 16);
-      painter.drawPolyline(QPolygonF({{4.5, -5}, {4.5, -1.6}, {1.1, -1.6}}));
+      painter.drawPolyline(QPolygonF({{4.5, -5}, {4.5, -1.5}, {1, -1.5}}));
       break;
     case Glyph::kCopy:
-      painter.drawRoundedRect(QRectF(-1.5, -2, 6, 7), 1, 1);
-      painter.drawPolyline(QPolygonF({{-4.5, 1.5}, {-4.5, -5}, {1, -5}}));
+      painter.drawRoundedRect(QRectF(-1.5, -2.5, 6, 7), 1, 1);
+      painter.drawPolyline(QPolygonF({{-4.5, 1}, {-4.5, -5.5}, {1, -5.5}}));
       break;
     case Glyph::kPaste:
-      painter.drawRoundedRect(QRectF(-4, -4, 8, 9), 1, 1);
-      painter.drawRect(QRectF(-1.7, -5.5, 3.4, 2.4));
-      painter.drawPolyline(QPolygonF({{-1.8, 0.7}, {0, 2.5}, {1.8, 0.7}}));
-      painter.drawLine(QPointF(0, -1), QPointF(0, 2.3));
+      painter.drawRoundedRect(QRectF(-4.5, -4.5, 8, 9), 1, 1);
+      painter.drawRect(QRectF(-2.5, -5.5, 4, 2));
+      painter.drawPolyline(QPolygonF({{-2.3, 0.7}, {-0.5, 2.5}, {1.3, 0.7}}));
+      painter.drawLine(QPointF(-0.5, -1.3), QPointF(-0.5, 2.3));
       break;
     case Glyph::kTakeBack:
-      painter.drawPolyline(QPolygonF({{-2, -5}, {-5, -2}, {-2, 1}}));
-      painter.drawLine(QPointF(-4.8, -2), QPointF(1.5, -2));
-      painter.drawArc(QRectF(-2, -2, 7, 6.5), -90 * 16, 180 * 16);
+      painter.drawPolyline(QPolygonF({{-2, -4.5}, {-5, -1.5}, {-2, 1.5}}));
+      painter.drawLine(QPointF(-4.8, -1.5), QPointF(1.5, -1.5));
+      painter.drawArc(QRectF(-1.5, -1.5, 6, 6), -90 * 16, 180 * 16);
       painter.drawLine(QPointF(1.5, 4.5), QPointF(-2, 4.5));
       break;
   }

@@ -117,7 +117,7 @@ void LabelEditing::Place() {
   const Node* const node = tree_.Nodes().NodeAt(edited_);
   if (editor_ == nullptr || node == nullptr) return;
   const QRect label = tree_.LabelRect(*node);
-  const int height = qMax(label.height(), editor_->sizeHint().height() - 2);
+  const int height = editor_->WantedHeight(label.height());
   const int room = tree_.viewport()->width() - label.left() - 1;
   const int width =
       qMin(qMax(editor_->WantedWidth(), kLeastEditorWidth), qMax(room, kLeastEditorWidth));

@@ -37,6 +37,7 @@ QString FirstCharacters(const QString& text, qsizetype count) {
 LabelEditor::LabelEditor(const QString& text, QWidget* parent)
     : QLineEdit(parent), initialText_(text), textBefore_(text) {
   setMaxLength(std::numeric_limits<int>::max());
+  setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);  // as a label, whichever way the text runs
   setText(text);
   // Where the label has it, whichever way the text runs.
   setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
@@ -44,11 +45,19 @@ LabelEditor::LabelEditor(const QString& text, QWidget* parent)
   connect(this, &QLineEdit::textEdited, this, &LabelEditor::Edited);
 }
 
-QPoint LabelEditor::TextBegin(int height) const {
+QRect LabelEditor::Contents(int height) const {
   QStyleOptionFrame option;
   initStyleOption(&option);
   option.rect = QRect(0, 0, width(), height);
-  const QRect contents = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+  return style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+}
+
+int LabelEditor::WantedHeight(int height) const {
+  return height + qMax(0, fontMetrics().height() - Contents(height).height());
+}
+
+QPoint LabelEditor::TextBegin(int height) const {
+  const QRect contents = Contents(height);
   return contents.topLeft() +
          QPoint(kTextMargin, (contents.height() - fontMetrics().height() + 1) / 2);
 }

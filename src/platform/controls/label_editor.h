@@ -22,6 +22,8 @@ class LabelEditor : public QLineEdit {
   // Whether the text is another than that with which the editor opened.
   bool IsChanged() const { return text() != initialText_; }
 
+  // `height` in pixels, or more where it is too low for the text and the style's frame.
+  int WantedHeight(int height) const;
   // Where the text begins when the editor is `height` pixels high, from its top-left corner.
   QPoint TextBegin(int height) const;
 
@@ -41,6 +43,7 @@ class LabelEditor : public QLineEdit {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  QRect Contents(int height) const;
   void Paste(const QString& pasted);
   void Edited();
   void TellTooLong();

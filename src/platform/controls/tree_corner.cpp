@@ -6,6 +6,7 @@
 #include <QAbstractScrollArea>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPainter>
 #include <QTimer>
 #include <QWheelEvent>
 
@@ -15,7 +16,7 @@ constexpr int kEdge = 1;
 
 }  // namespace
 
-TreeCorner::TreeCorner(QAbstractScrollArea& view) : QFrame(&view), view_(view) {
+TreeCorner::TreeCorner(QAbstractScrollArea& view) : QWidget(&view), view_(view) {
   hide();
   view.installEventFilter(this);
   view.viewport()->installEventFilter(this);
@@ -30,12 +31,12 @@ GlyphButton& TreeCorner::Add(GlyphButton::Glyph glyph, const QString& name, cons
 
 void TreeCorner::enterEvent(QEnterEvent* event) {
   Fold(false);
-  QFrame::enterEvent(event);
+  QWidget::enterEvent(event);
 }
 
 void TreeCorner::leaveEvent(QEvent* event) {
   Fold(true);
-  QFrame::leaveEvent(event);
+  QWidget::leaveEvent(event);
 }
 
 // A view that is scrolled does not stop where its corner comes under the pointer.
@@ -50,27 +51,44 @@ bool TreeCorner::eventFilter(QObject* watched, QEvent* event) {
   } else if (event->type() == QEvent::Resize) {
     Place();
   }
-  return QFrame::eventFilter(watched, event);
+  return QWidget::eventFilter(watched, event);
 }
 
 void TreeCorner::Fold(bool folded) {
   isFolded_ = folded;
-  setFrameShape(folded ? QFrame::NoFrame : QFrame::StyledPanel);
-  setAutoFillBackground(!folded);
   Place();
+  update();
 }
 
-// While it is folded, the other buttons lie beyond its left edge.
+void TreeCorner::paintEvent(QPaintEvent* /*event*/) {
+  if (isFolded_) return;
+  QPainter painter(this);
+  const QColor base = palette().color(QPalette::Active, QPalette::Base);
+  QColor edge = palette().color(QPalette::Active, QPalette::Text);
+  edge.setAlpha(90);
+  painter.fillRect(rect(), base);
+  painter.fillRect(rect(), edge);
+  painter.fillRect(rect().adjusted(kEdge, kEdge, -kEdge, -kEdge), base);
+}
+
+// In a narrow view they stand in rows. While it is folded, all but the first lie beyond its left
+// edge.
 void TreeCorner::Place() {
   if (buttons_.empty()) return;
   const QSize button = buttons_.front()->sizeHint();
   const int count = static_cast<int>(buttons_.size());
-  const QSize size((isFolded_ ? 1 : count) * button.width() + 2 * kEdge,
-                   button.height() + 2 * kEdge);
-  const QPoint corner = view_.viewport()->geometry().bottomRight();
+  const QRect view = view_.viewport()->geometry();
+  const int room = qBound(1, (view.width() - 2 * kEdge) / button.width(), count);
+  const int columns = isFolded_ ? count : room;
+  const int rows = (count + columns - 1) / columns;
+  const QSize size((isFolded_ ? 1 : columns) * button.width() + 2 * kEdge,
+                   rows * button.height() + 2 * kEdge);
+  const QPoint corner = view.bottomRight();
   setGeometry(QRect(corner - QPoint(size.width(), size.height()), size));
   for (int i = 0; i < count; ++i) {
-    buttons_[i]->move(size.width() - kEdge - (count - i) * button.width(), kEdge);
+    const int place = count - 1 - i;  // from the corner, to the left and up
+    buttons_[i]->move(size.width() - kEdge - (place % columns + 1) * button.width(),
+                      size.height() - kEdge - (place / columns + 1) * button.height());
   }
   raise();
 }

@@ -5,7 +5,7 @@
 
 #include "glyph_button.h"
 
-#include <QFrame>
+#include <QWidget>
 
 #include <vector>
 
@@ -13,7 +13,7 @@ class QAbstractScrollArea;
 
 // Buttons for the mouse in the lower right corner of a view, there while the pointer is over it.
 // All but the first would cover too much of the view and unfold only where the pointer comes.
-class TreeCorner : public QFrame {
+class TreeCorner : public QWidget {
   Q_OBJECT
 
  public:
@@ -27,6 +27,7 @@ class TreeCorner : public QFrame {
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -9,6 +9,7 @@
 #include <QHelpEvent>
 #include <QIcon>
 #include <QPainter>
+#include <QTextLayout>
 #include <QToolTip>
 
 namespace {
@@ -49,7 +50,7 @@ QRect TreeItemDelegate::ItemRect(const QRect& rect, const QFontMetrics& metrics,
 QRect TreeItemDelegate::TextRect(const QRect& label, const QFontMetrics& metrics) {
   const int height = metrics.height();
   return QRect(label.left() + kLabelPadding, label.top() + (label.height() - height + 1) / 2,
-               label.width() - kLabelPadding, height);
+               label.width() - 2 * kLabelPadding, height);
 }
 
 void TreeItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -93,15 +94,20 @@ void TreeItemDelegate::PaintLabel(QPainter& painter, const QStyleOptionViewItem&
   // Still seen, but the keyboard is elsewhere; or the keyboard is here, and nothing is selected.
   if (!full && (selected || current)) DrawFocusFrame(painter, marked, highlight);
 
-  painter.setFont(option.font);
   painter.setPen(
       option.palette.color(QPalette::Active, full ? QPalette::HighlightedText : QPalette::Text));
   // A name that begins in Arabic or Hebrew reads from the right, as in the editor.
   painter.setLayoutDirection(Qt::LayoutDirectionAuto);
   const QRect place = TextRect(label, option.fontMetrics);
-  painter.drawText(
-      place.left(), place.top() + option.fontMetrics.ascent(),
-      label == wanted ? text : option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
+  // As a line edit draws it, to the fraction of a pixel and in the text's own direction.
+  QTextLayout layout(
+      label == wanted ? text : option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()),
+      option.font);
+  layout.beginLayout();
+  const QTextLine line = layout.createLine();
+  layout.endLayout();
+  const int top = place.top() + option.fontMetrics.ascent() - qRound(line.ascent());
+  layout.draw(&painter, QPointF(place.left(), top));
 }
 
 bool TreeItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,

@@ -60,15 +60,19 @@ class LabelEditingTest : public TreeWindowTest {
 };
 
 TEST_F(LabelEditingTest, TheTextStaysInItsPlaceAndNothingOfTheLabelIsLeft) {
-  const QString name = QStringLiteral("A label of some length");
-  tree_.Nodes().SetText(At("a1"), name);
-  tree_.EnsureVisible(At("a1"));
   const auto shown = [this](const QRect& part) { return tree_.viewport()->grab(part).toImage(); };
-  const QRect text = tree_.LabelRect(At("a1")).adjusted(6, 4, -6, -4);
-  const QImage label = shown(text);
-  Open(name);
-  Editor().deselect();
-  EXPECT_TRUE(shown(text) == label);
+  QRect text;
+  for (const char* utf8 : {"שלום abc", "A label of some length"}) {
+    Select("root");
+    const QString name = QString::fromUtf8(utf8);
+    tree_.Nodes().SetText(At("a1"), name);
+    tree_.EnsureVisible(At("a1"));
+    text = tree_.LabelRect(At("a1")).adjusted(6, 4, -12, -4);
+    const QImage label = shown(text);
+    Open(name);
+    Editor().deselect();
+    EXPECT_TRUE(shown(text) == label) << utf8;
+  }
   Type(QStringLiteral("x"));
   const QRect behind = text.adjusted(70, 0, 0, 0);
   EXPECT_TRUE(shown(behind) == shown(behind.translated(0, 130)));  // where there are no nodes
