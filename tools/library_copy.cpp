@@ -175,8 +175,8 @@ class LibraryCopy {
       : source_(source),
         target_(target),
         words_(CountRows(source, kWords)),
-        progress_(QStringLiteral("复制"),
-                  2 * (words_ + CountRows(source, kCategories) + CountRows(source, kRegister))) {}
+        progress_(QStringLiteral("复制"), qsizetype{2} * (words_ + CountRows(source, kCategories) +
+                                                          CountRows(source, kRegister))) {}
 
   Copied Run() {
     const std::vector<qint32> identifiers = CopyTable(kRegister);
