@@ -71,13 +71,13 @@ void StoreLines(const Store& store, const LineOf& lineOf) {
 }
 
 void StoreCategory(const OutlineCategory& category, Connection& connection, DataBaseFuncs& funcs,
-                   ProgressBar& progress) {
+                   DataBaseFuncs::DictRows& dictRows, ProgressBar& progress) {
   qint32 gid = 0;
   StoreLines(
       [&] {
         qint32 position = 0;
         QString reason;
-        if (!funcs.AddDict(category.name, position, gid, &reason)) throw Error(reason);
+        if (!funcs.AddDict(category.name, dictRows, position, gid, &reason)) throw Error(reason);
       },
       [&] { return category.line; });
   progress.Advance(1);
@@ -246,9 +246,10 @@ Imported ImportLibrary(Connection& connection, Outline outline, Duplicates how) 
     imported.words += static_cast<qsizetype>(category.words.size());
   }
   DataBaseFuncs funcs(connection);
+  DataBaseFuncs::DictRows dictRows;
   ProgressBar progress(QStringLiteral("导入"), imported.categories + imported.words);
   for (const OutlineCategory& category : outline.categories) {
-    StoreCategory(category, connection, funcs, progress);
+    StoreCategory(category, connection, funcs, dictRows, progress);
   }
   transaction.Commit();
   return imported;

@@ -77,6 +77,7 @@ QString FillLibrary(const QString& file, bool withSample) {
 QString MakeLibrary(const QFileInfo& place, int folder, bool withSample) {
   const QString file = place.absoluteFilePath();
   QTemporaryDir aside(place.absolutePath() + QStringLiteral("/.hcwordlib-XXXXXX"));
+  if (!aside.isValid()) RefuseFile(file, QStringLiteral("不能建立：") + aside.errorString());
   const QString made = aside.filePath(QStringLiteral("new.sqlite"));
   QFile empty(made);
   if (!empty.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {

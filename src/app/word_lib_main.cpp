@@ -11,11 +11,14 @@
 #include "utf8_locale.h"
 #include "window_manager.h"
 
+#include <sys/resource.h>
+
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -38,6 +41,16 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const 
   EarlyMessages() += qFormatLogMessage(type, context, text).toLocal8Bit() + '\n';
 }
 
+// Qt lays out the open levels of a tree one within the other. The limit counts when the stack
+// grows, so that the program need not be started anew with it.
+void MakeRoomForDeepTrees() {
+  constexpr rlim_t kStack = 100'000'000;  // enough for some 300,000 levels
+  rlimit limit{};
+  if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur >= kStack) return;
+  limit.rlim_cur = std::min(limit.rlim_max, kStack);
+  setrlimit(RLIMIT_STACK, &limit);
+}
+
 }  // namespace
 
 int Main(int argc, char** argv) {
@@ -47,6 +60,7 @@ int Main(int argc, char** argv) {
     return 0;
   }
 
+  MakeRoomForDeepTrees();
   // Chinese looks the same whatever the user's locale prefers for it, and whichever font a style or
   // a desktop sets at any time.
   qputenv("FC_LANG", "zh-cn");

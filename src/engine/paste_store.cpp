@@ -70,9 +70,10 @@ void PasteStore::StoreCategories() {
       taken.insert(rows->FieldText("SortName"), {rows->FieldInteger("GID"), 0, false});
     }
     CloseRecordset(rows);
+    DataBaseFuncs::DictRows dictRows;
     return std::all_of(
         outline_.categories.begin(), outline_.categories.end(),
-        [this, &taken](const OutlineCategory& category) { return Add(category, taken); });
+        [&](const OutlineCategory& category) { return Add(category, taken, dictRows); });
   });
 }
 
@@ -90,7 +91,8 @@ bool PasteStore::Reaches(int line) {
   return false;
 }
 
-bool PasteStore::Add(const OutlineCategory& category, QHash<QString, Owner>& taken) {
+bool PasteStore::Add(const OutlineCategory& category, QHash<QString, Owner>& taken,
+                     DataBaseFuncs::DictRows& dictRows) {
   if (!Reaches(category.line)) return false;
   Category added{0, std::nullopt, category.name, {}};
   if (const auto owner = taken.constFind(category.name); owner != taken.cend()) {
@@ -106,7 +108,9 @@ bool PasteStore::Add(const OutlineCategory& category, QHash<QString, Owner>& tak
       Savepoint savepoint(connection_);
       qint32 position = 0;
       QString reason;
-      if (!funcs_.AddDict(category.name, position, added.gid, &reason)) throw Error(reason);
+      if (!funcs_.AddDict(category.name, dictRows, position, added.gid, &reason)) {
+        throw Error(reason);
+      }
       savepoint.Release();
       added.position = position;
     } catch (const Error& error) {

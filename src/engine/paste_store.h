@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "data_base_funcs.h"
 #include "deleted_rows.h"
 #include "outline.h"
 
@@ -13,7 +14,6 @@
 #include <vector>
 
 class Connection;
-class DataBaseFuncs;
 class WordTree;
 
 // Stores a pasted outline in one transaction, as far as it goes, and tells what has come in. It
@@ -50,7 +50,8 @@ class PasteStore {
 
   template <class Store>
   void InTransaction(Store store);
-  bool Add(const OutlineCategory& category, QHash<QString, Owner>& taken);
+  bool Add(const OutlineCategory& category, QHash<QString, Owner>& taken,
+           DataBaseFuncs::DictRows& dictRows);
   bool Add(const std::vector<OutlineWord>& words, qint32 fatherId, Category& category);
   bool Reaches(int line);
   bool IsShown(qint32 dicId, const QString& name, const Owner& owner) const;

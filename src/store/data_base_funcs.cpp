@@ -34,26 +34,34 @@ qint32 NextNumber(Recordset& rows, const char* column) {
 
 bool DataBaseFuncs::AddDict(const QString& SortName, qint32& Position, qint32& TheNewItemID,
                             QString* RetTheErr) {
+  DictRows rows;
+  return AddDict(SortName, rows, Position, TheNewItemID, RetTheErr);
+}
+
+bool DataBaseFuncs::AddDict(const QString& SortName, DictRows& rows, qint32& Position,
+                            qint32& TheNewItemID, QString* RetTheErr) {
   qint32 newId = 0;
   QString reason;
-  if (!getGUID_.NewID(connection_, QStringLiteral("GUIDLists"), newId, &reason)) {
+  if (!getGUID_.NewID(connection_, QStringLiteral("GUIDLists"), rows.identifiers, newId, &reason)) {
     if (RetTheErr) {
       *RetTheErr = reason;
     }
     return false;
   }
 
-  auto rows = std::make_unique<Recordset>();
-  rows->Open(Statement::SelectCategoriesByPosition(), connection_, CursorType::kDynamic,
-             LockType::kOptimistic);
-  const qint32 newPosition = NextNumber(*rows, "Position");
-  rows->AddNew();
-  rows->SetField("GID", newId);
-  rows->SetField("SortName", SortName);
-  rows->SetField("Position", newPosition);
-  rows->Update();
+  if (rows.categories == nullptr) {
+    rows.categories = std::make_unique<Recordset>();
+    rows.categories->Open(Statement::SelectCategoriesByPosition(), connection_,
+                          CursorType::kDynamic, LockType::kOptimistic);
+  }
+  Recordset& categories = *rows.categories;
+  const qint32 newPosition = NextNumber(categories, "Position");
+  categories.AddNew();
+  categories.SetField("GID", newId);
+  categories.SetField("SortName", SortName);
+  categories.SetField("Position", newPosition);
+  categories.Update();
   Position = newPosition;
-  CloseRecordset(rows);
   TheNewItemID = newId;
   return true;
 }

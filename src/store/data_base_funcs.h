@@ -7,7 +7,10 @@
 
 #include <QString>
 
+#include <memory>
+
 class Connection;
+class Recordset;
 
 // The selector Sel of the record operations.
 inline constexpr qint32 kSelCategory = 1;
@@ -26,6 +29,15 @@ class DataBaseFuncs {
   // positions are used up.
   bool AddDict(const QString& SortName, qint32& Position, qint32& TheNewItemID,
                QString* RetTheErr = nullptr);
+
+  // What the tables hold before the first of many AddDict in one transaction, which reads it for
+  // all of them. To be dropped when one fails.
+  struct DictRows {
+    std::unique_ptr<Recordset> identifiers;
+    std::unique_ptr<Recordset> categories;
+  };
+  bool AddDict(const QString& SortName, DictRows& rows, qint32& Position, qint32& TheNewItemID,
+               QString* RetTheErr);
 
   // Stores a word under the word ParentID, or directly under the category when that is 0, and hands
   // back the ID given to it. Raises Error when the category's numbers are used up.

@@ -3,7 +3,6 @@
 
 #include "get_guid.h"
 
-#include "com_func.h"
 #include "component.h"
 #include "recordset.h"
 #include "statements.h"
@@ -15,6 +14,12 @@ GetGUID::~GetGUID() = default;
 
 bool GetGUID::NewID(Connection& TheDB, const QString& TableName, qint32& TheNewID,
                     QString* TheErr) {
+  std::unique_ptr<Recordset> rows;
+  return NewID(TheDB, TableName, rows, TheNewID, TheErr);
+}
+
+bool GetGUID::NewID(Connection& TheDB, const QString& TableName, std::unique_ptr<Recordset>& rows,
+                    qint32& TheNewID, QString* TheErr) {
   try {
     if (!generator_) {
       generator_ = CreateComponent(QLatin1String(kGUIDGenProgId));
@@ -23,10 +28,12 @@ bool GetGUID::NewID(Connection& TheDB, const QString& TableName, qint32& TheNewI
     quarters_ = {generator_->Part1(), generator_->Part2(), generator_->Part3(),
                  generator_->Part4()};
 
-    auto rows = std::make_unique<Recordset>();
-    rows->SetCursorType(CursorType::kDynamic);
-    rows->SetLockType(LockType::kOptimistic);
-    rows->Open(Statement::SelectRegister(TableName), TheDB);
+    if (rows == nullptr) {
+      rows = std::make_unique<Recordset>();
+      rows->SetCursorType(CursorType::kDynamic);
+      rows->SetLockType(LockType::kOptimistic);
+      rows->Open(Statement::SelectRegister(TableName), TheDB);
+    }
     rows->AddNew();
     rows->SetField("GUIDField1", quarters_[0]);
     rows->SetField("GUIDField2", quarters_[1]);
@@ -34,9 +41,7 @@ bool GetGUID::NewID(Connection& TheDB, const QString& TableName, qint32& TheNewI
     rows->SetField("GUIDField4", quarters_[3]);
     rows->Update();
     rows->MoveLast();
-    const qint32 newId = rows->FieldInteger("ID");
-    CloseRecordset(rows);
-    TheNewID = newId;
+    TheNewID = rows->FieldInteger("ID");
     return true;
   } catch (const std::exception& error) {
     if (TheErr) {

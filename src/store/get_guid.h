@@ -10,6 +10,7 @@
 
 class Connection;
 class GUIDGen;
+class Recordset;
 
 // Draws the identifiers of new categories: stores a fresh GUID in the register table and takes the
 // number that the database gave to that row.
@@ -24,6 +25,10 @@ class GetGUID {
   // is untouched on success. The generator is created by the first call and kept.
   bool NewID(Connection& TheDB, const QString& TableName, qint32& TheNewID,
              QString* TheErr = nullptr);
+
+  // The same, for many: `rows` are the register's, which the first call reads, when they are null.
+  bool NewID(Connection& TheDB, const QString& TableName, std::unique_ptr<Recordset>& rows,
+             qint32& TheNewID, QString* TheErr);
 
  private:
   std::unique_ptr<GUIDGen> generator_;

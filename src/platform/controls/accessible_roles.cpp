@@ -3,6 +3,7 @@
 
 #include "accessible_roles.h"
 
+#include "glyph_button.h"
 #include "picture_button.h"
 
 #include <QAbstractButton>
@@ -12,6 +13,9 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QTimer>
+
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -59,8 +63,19 @@ class PaneInterface : public QAccessibleWidget {
 
 class ButtonInterface : public QAccessibleWidget {
  public:
-  explicit ButtonInterface(PictureButton& button)
-      : QAccessibleWidget(&button, QAccessible::Button), button_(button) {}
+  ButtonInterface(QWidget& button, std::function<void()> press)
+      : QAccessibleWidget(&button, QAccessible::Button), press_(std::move(press)) {}
+
+  // Whatever it stands on, the pane tells of it.
+  QAccessibleInterface* parent() const override {
+    for (QWidget* above = widget()->parentWidget(); above != nullptr;
+         above = above->parentWidget()) {
+      if (qobject_cast<PictureBox*>(above) != nullptr) {
+        return QAccessible::queryAccessibleInterface(above);
+      }
+    }
+    return QAccessibleWidget::parent();
+  }
 
   QStringList actionNames() const override {
     return QStringList(pressAction()) + QAccessibleWidget::actionNames();
@@ -69,14 +84,14 @@ class ButtonInterface : public QAccessibleWidget {
   // What is pressed may open a box, for whose end the asking tool is not kept waiting.
   void doAction(const QString& name) override {
     if (name == pressAction()) {
-      QTimer::singleShot(0, &button_, [this] { Q_EMIT button_.Click(); });
+      QTimer::singleShot(0, widget(), press_);
     } else {
       QAccessibleWidget::doAction(name);
     }
   }
 
  private:
-  PictureButton& button_;
+  std::function<void()> press_;
 };
 
 QAccessibleInterface* InterfaceOf(const QString& className, QObject* object) {
@@ -88,8 +103,11 @@ QAccessibleInterface* InterfaceOf(const QString& className, QObject* object) {
   };
   auto* widget = qobject_cast<QWidget*>(object);
   if (widget == nullptr) return nullptr;
-  if (className == QStringLiteral("PictureButton")) {
-    return new ButtonInterface(static_cast<PictureButton&>(*widget));
+  if (auto* const picture = qobject_cast<PictureButton*>(widget)) {
+    return new ButtonInterface(*picture, [picture] { Q_EMIT picture->Click(); });
+  }
+  if (auto* const glyph = qobject_cast<GlyphButton*>(widget)) {
+    return new ButtonInterface(*glyph, [glyph] { glyph->click(); });
   }
   if (className == QStringLiteral("PictureBox")) return new PaneInterface(widget);
   const auto role = kRoles.constFind(className);

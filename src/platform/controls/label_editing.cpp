@@ -3,6 +3,7 @@
 
 #include "label_editing.h"
 
+#include "tree_corner.h"
 #include "tree_item_delegate.h"
 #include "tree_view.h"
 
@@ -66,6 +67,7 @@ void LabelEditing::Open() {
   editor_->setSelection(end, -end);
   state_ = State::kOpen;
   Delegate().SetEdited(edited_);
+  tree_.Corner().SetAway(true);
   tree_.update(edited_);
   // The window hears of a press before the focus moves and before any control does.
   if (QWindow* const window = tree_.window()->windowHandle()) window->installEventFilter(this);
@@ -102,6 +104,7 @@ void LabelEditing::CloseEditor() {
   LabelEditor* const editor = std::exchange(editor_, nullptr);
   editor->disconnect(this);
   Delegate().SetEdited(QModelIndex());
+  tree_.Corner().SetAway(false);
   tree_.update(edited_);
   if (editor->hasFocus()) tree_.setFocus(Qt::OtherFocusReason);
   editor->hide();

@@ -10,6 +10,8 @@
 #include <QTimer>
 #include <QWheelEvent>
 
+#include <utility>
+
 namespace {
 
 constexpr int kEdge = 1;
@@ -24,9 +26,20 @@ TreeCorner::TreeCorner(QAbstractScrollArea& view) : QWidget(&view), view_(view) 
 
 GlyphButton& TreeCorner::Add(GlyphButton::Glyph glyph, const QString& name, const QString& keys) {
   auto* button = new GlyphButton(glyph, name, keys, this);
+  button->installEventFilter(this);
+  connect(button, &QToolButton::clicked, this, [this] { wasClicked_ = true; });
   buttons_.insert(buttons_.empty() ? buttons_.end() : buttons_.end() - 1, button);
   Place();
   return *button;
+}
+
+void TreeCorner::SetAway(bool away) {
+  isAway_ = away;
+  ShowOrHide();
+}
+
+void TreeCorner::ShowOrHide() {
+  setVisible(!isAway_ && view_.underMouse());
 }
 
 void TreeCorner::enterEvent(QEnterEvent* event) {
@@ -36,6 +49,8 @@ void TreeCorner::enterEvent(QEnterEvent* event) {
 
 void TreeCorner::leaveEvent(QEvent* event) {
   Fold(true);
+  // Not before all that the pointer has left with the corner has heard of it.
+  if (std::exchange(wasClicked_, false)) QTimer::singleShot(0, this, &TreeCorner::LeftAfterClick);
   QWidget::leaveEvent(event);
 }
 
@@ -45,9 +60,14 @@ void TreeCorner::wheelEvent(QWheelEvent* event) {
 }
 
 bool TreeCorner::eventFilter(QObject* watched, QEvent* event) {
+  if (watched->parent() == this) {
+    // A double click is one, and what a button has told stays where the button's own tip would be.
+    return event->type() == QEvent::MouseButtonDblClick ||
+           (event->type() == QEvent::ToolTip && wasClicked_);
+  }
   if (watched == &view_ && (event->type() == QEvent::Enter || event->type() == QEvent::Leave)) {
     // Not within these events: a button that appears below the pointer gets one of its own.
-    QTimer::singleShot(0, this, [this] { setVisible(view_.underMouse()); });
+    QTimer::singleShot(0, this, &TreeCorner::ShowOrHide);
   } else if (event->type() == QEvent::Resize) {
     Place();
   }

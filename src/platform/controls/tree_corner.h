@@ -23,6 +23,13 @@ class TreeCorner : public QWidget {
   // are as for GlyphButton.
   GlyphButton& Add(GlyphButton::Glyph glyph, const QString& name, const QString& keys);
 
+  // Away while something in the view must not be covered.
+  void SetAway(bool away);
+
+ Q_SIGNALS:
+  // The pointer has left the corner, in which it had clicked.
+  void LeftAfterClick();
+
  protected:
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -31,10 +38,13 @@ class TreeCorner : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void ShowOrHide();
   void Fold(bool folded);
   void Place();
 
   QAbstractScrollArea& view_;
   std::vector<GlyphButton*> buttons_;  // from the left
   bool isFolded_ = true;
+  bool isAway_ = false;
+  bool wasClicked_ = false;
 };

@@ -114,11 +114,13 @@ bool TreeItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                  const QStyleOptionViewItem& option, const QModelIndex& index) {
   const QString text = index.data(Qt::DisplayRole).toString();
   const QRect label = LabelRect(option.rect, view->fontMetrics(), OneLine(text));
-  const QRect seen = label & option.rect & view->viewport()->rect();
+  QRect seen = label & option.rect & view->viewport()->rect();
+  // Something that the view shows above its rows covers the end.
+  const QPoint end = view->viewport()->mapTo(view, QPoint(seen.right(), seen.center().y()));
+  if (view->childAt(end) != view->viewport()) seen.setRight(seen.right() - 1);
   if (event->type() != QEvent::ToolTip || !index.isValid() || seen == label ||
       !ItemRect(option.rect, view->fontMetrics(), OneLine(text)).contains(event->pos())) {
-    QToolTip::hideText();
-    event->ignore();
+    event->ignore();  // whatever else is being told may stay
     return false;
   }
   const QString wrap =

@@ -30,6 +30,8 @@ std::optional<QByteArray> RequestAttentionToken() {
   // What the toolkit would choose, given the same environment.
   const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
   if (!platform.isEmpty() && !platform.startsWith("wayland")) return std::nullopt;
+  // Without it there is no compositor, of which the library would tell at length.
+  if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) return std::nullopt;
   const std::unique_ptr<wl_display, decltype(&wl_display_disconnect)> display(
       wl_display_connect(nullptr), &wl_display_disconnect);
   if (!display) return std::nullopt;

@@ -7,11 +7,13 @@
 #include "busy_pointer.h"
 #include "edit_words_funcs.h"
 #include "entry_scheme.h"
+#include "error.h"
 #include "list_view.h"
 #include "log.h"
 #include "message_box.h"
 #include "outline.h"
 #include "shared_objects.h"
+#include "tree_corner.h"
 #include "tree_view.h"
 
 #include <QClipboard>
@@ -30,9 +32,10 @@ const QString kOutlineType = QStringLiteral("application/x-hcwordlib-outline");
 // How long it is told what a paste has done, in milliseconds.
 constexpr int kTellTime = 15'000;
 
+// Raises Error. Copied files are no names.
 Outline OutlineIn(const QMimeData& data) {
-  return data.hasFormat(kOutlineType) ? ParseOutline(data.data(kOutlineType))
-                                      : ParseList(data.text());
+  if (data.hasFormat(kOutlineType)) return ParseOutline(data.data(kOutlineType));
+  return data.hasUrls() ? Outline() : ParseList(data.text());
 }
 
 QString Came(const EditWordsFuncs::Pasted& pasted, bool asCategories) {
@@ -64,7 +67,12 @@ void frmMain::PasteList() {
   if (!tvTreeView->EndLabelEdit()) return;
   auto busy = std::make_optional<BusyPointer>();
   const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
-  const Outline outline = data == nullptr ? Outline() : OutlineIn(*data);
+  Outline outline;
+  try {
+    if (data != nullptr) outline = OutlineIn(*data);
+  } catch (const Error& error) {  // of another program
+    qCWarning(lcHCWordLib, "%s", error.what());
+  }
   Node& target = *tvTreeView->SelectedItem();
   if (outline.categories.empty()) {
     TellAt(target, QStringLiteral("剪贴板中没有可以粘贴的文字。"));
@@ -98,5 +106,12 @@ void frmMain::TellAt(Node& node, const QString& text) {
   const QRect label = tvTreeView->LabelRect(node);
   QWidget* const viewport = tvTreeView->viewport();
   const QPoint beside(qMin(label.right(), viewport->width()) + 8, label.top() - 16);
-  QToolTip::showText(viewport->mapToGlobal(beside), text, viewport, {}, kTellTime);
+  const QPoint place = viewport->mapToGlobal(beside);
+  QToolTip::showText(place, text, viewport, {}, kTellTime);
+  // It would go with the button that the pointer leaves.
+  if (!tvTreeView->Corner().underMouse()) return;
+  connect(
+      &tvTreeView->Corner(), &TreeCorner::LeftAfterClick, this,
+      [this, place, text] { QToolTip::showText(place, text, tvTreeView, {}, kTellTime); },
+      Qt::SingleShotConnection);
 }

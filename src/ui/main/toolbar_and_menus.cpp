@@ -10,6 +10,8 @@
 #include "tree_view.h"
 
 #include <QAction>
+#include <QStyle>
+#include <QTimer>
 #include <QToolTip>
 
 namespace {
@@ -47,9 +49,14 @@ void frmMain::tbToolBar_ButtonClick(ToolBarButton& Button) {
     } catch (const std::exception& error) {
       qCWarning(lcHCWordLib, "%s", error.what());
       const QString reason = QString::fromUtf8(error.what()).toHtmlEscaped();
-      QToolTip::showText(Button.mapToGlobal(Button.rect().bottomLeft()),
-                         QStringLiteral("<p>%1</p>").arg(reason.split(u'\n').join(u"<br>")),
-                         &Button, {}, kReasonTime);
+      const QString text = QStringLiteral("<p>%1</p>").arg(reason.split(u'\n').join(u"<br>"));
+      // After the delay of any tool tip: the focus, which comes back late from the question before
+      // a delete, would take the tip away.
+      QTimer::singleShot(Button.style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay), &Button,
+                         [&Button, text] {
+                           QToolTip::showText(Button.mapToGlobal(Button.rect().bottomLeft()), text,
+                                              &Button, {}, kReasonTime);
+                         });
     }
   };
   const QString& key = Button.Key();

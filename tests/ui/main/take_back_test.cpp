@@ -147,8 +147,8 @@ TEST_F(TakeBackTest, TheCornerOfTheTreeDoesForTheMouseWhatElseHasKeysOnly) {
       move({9, 9});
       move(Label(""));
       move(corner->mapTo(window_.get(), corner->rect().center()));
-      QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {},
-                        button->mapTo(window_.get(), button->rect().center()));
+      QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {},  // which is one
+                         button->mapTo(window_.get(), button->rect().center()));
     }
   };
   click("恢复最近一次删除的内容");
@@ -158,6 +158,7 @@ TEST_F(TakeBackTest, TheCornerOfTheTreeDoesForTheMouseWhatElseHasKeysOnly) {
   Click("空类");
   click("把剪贴板中的各行加到选中项之下");
   EXPECT_EQ(Tree(At("空类")), "热处理(淬火 粗车)");
+  EXPECT_EQ(QToolTip::text(), QStringLiteral("已加入 3 个分类词，跳过 0 个。"));
   AnswerYes();
   PressButton("删除");
   Meanwhile("insert into Dictionary (GID,SortName,Position) values (20,'铣削',5)");
