@@ -50,13 +50,13 @@ void frmMain::tbToolBar_ButtonClick(ToolBarButton& Button) {
       qCWarning(lcHCWordLib, "%s", error.what());
       const QString reason = QString::fromUtf8(error.what()).toHtmlEscaped();
       const QString text = QStringLiteral("<p>%1</p>").arg(reason.split(u'\n').join(u"<br>"));
-      // After the delay of any tool tip: the focus, which comes back late from the question before
-      // a delete, would take the tip away.
-      QTimer::singleShot(Button.style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay), &Button,
-                         [&Button, text] {
-                           QToolTip::showText(Button.mapToGlobal(Button.rect().bottomLeft()), text,
-                                              &Button, {}, kReasonTime);
-                         });
+      const auto tell = [&Button, text] {
+        QToolTip::showText(Button.mapToGlobal(Button.rect().bottomLeft()), text, &Button, {},
+                           kReasonTime);
+      };
+      tell();
+      // The focus comes back late from the question before a delete and takes the tip away.
+      QTimer::singleShot(Button.style()->styleHint(QStyle::SH_ToolTip_WakeUpDelay), &Button, tell);
     }
   };
   const QString& key = Button.Key();

@@ -149,6 +149,8 @@ TEST_F(TakeBackTest, TheCornerOfTheTreeDoesForTheMouseWhatElseHasKeysOnly) {
       move(corner->mapTo(window_.get(), corner->rect().center()));
       QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, {},  // which is one
                          button->mapTo(window_.get(), button->rect().center()));
+      move({9, 9});
+      QApplication::processEvents();
     }
   };
   click("恢复最近一次删除的内容");
