@@ -23,6 +23,7 @@ import sys
 import tempfile
 import time
 
+FIRST_NAME = re.compile("新加词[0-9]*")
 GUARDS = "分类条目或上级词刚刚被另一个用户删除，没有保存"
 # What stays wrong after clients were at work at the same time: a word was put below another one that was just
 # being deleted, row by row; two windows chose the same name for a new word.
@@ -157,7 +158,7 @@ class Team:
         figures = collections.Counter()
         born, owner = {}, {}
         renamed = collections.defaultdict(set)  # old name: its new names
-        dead, may_be_back = set(), set()
+        dead, may_be_back = set(), set()  # categories and names
         dropped, may_be_dropped, categories_back = set(), set(), set()
         hits = collections.defaultdict(int)  # changes of a row: those by its name and those by its number
         for client in self.clients:
@@ -183,7 +184,7 @@ class Team:
                 elif what == "delete":
                     for i in range(2, len(tried) - 1, 2):
                         hits[(int(tried[1]), int(tried[i])), tried[i + 1]] += 1
-                        (dead if done and not restores else may_be_back).add(tried[i + 1])
+                        (dead if done and not restores else may_be_back).add((int(tried[1]), tried[i + 1]))
                 elif what == "drop":
                     may_be_dropped.add(int(tried[1]))
                     (dropped if done and not restores else categories_back).add(int(tried[1]))
@@ -202,8 +203,9 @@ class Team:
             figures["confirmed and untouched"] += untouched
             if gid in dropped - categories_back and name in names:
                 self.faults.append(f"{name} is there, but its category {gid} was deleted")
-        dead -= may_be_back
-        dead -= {name for name, gid in born.items() if gid in categories_back}
+        # The name that a new word has at first tells nothing: there may be several.
+        dead = {name for gid, name in dead - may_be_back
+                if gid not in categories_back and not FIRST_NAME.fullmatch(name)}
         for name in dead & names:
             self.faults.append(f"{name} is there, but it was deleted")
         figures["deleted"] = len(dead)
@@ -212,18 +214,18 @@ class Team:
     def judge_parents(self, figures):
         """A word was confirmed although its parent had been deleted before."""
         acts = [act for client in self.clients for act in client.acts()]
-        gone = collections.defaultdict(list)  # row: when its delete was confirmed
+        gone = collections.defaultdict(list)  # row: when its delete was confirmed, and when it was tried
         for tried, outcome in acts:
             if tried[0] == "delete" and outcome[0] == "done":
                 for i in range(2, len(tried) - 1, 2):
-                    gone[int(tried[1]), int(tried[i])].append(outcome.time)
-        # When a row may have come: with the number that was told, or with one that was not.
+                    gone[int(tried[1]), int(tried[i])].append((outcome.time, tried.time))
+        # When a row may have come, from and to: with the number that was told, or with one that was not.
         come, unknown = collections.defaultdict(list), collections.defaultdict(list)
         for tried, outcome in acts:
             if tried[0] == "create" and outcome[0] == "done":
-                come[int(tried[1]), int(outcome[1])].append(outcome.time)
+                come[int(tried[1]), int(outcome[1])].append((tried.time, outcome.time))
             elif tried[0] == "create":
-                unknown[int(tried[1])].append(tried.time)
+                unknown[int(tried[1])].append((tried.time, outcome.time))
         # What a window deleted may be back.
         back, categories_back = set(), set()
         for client in self.clients:
@@ -237,10 +239,11 @@ class Team:
                 continue
             gid, row = int(tried[1]), (int(tried[1]), int(tried[2]))
             figures["refused by the guards"] += GUARDS in outcome[1]
-            before = max((when for when in gone[row] if when < tried.time), default=None) if row[1] else None
+            before = max((times for times in gone[row] if times[0] < tried.time), default=None) if row[1] else None
             if before is None or row in back or gid in categories_back:
                 continue
-            if any(when > before for when in come[row] + unknown[gid] if when < outcome.time):
+            # A branch is deleted row by row: the number may be given again before the whole is confirmed.
+            if any(first < outcome.time and last > before[1] for first, last in come[row] + unknown[gid]):
                 continue
             if outcome[0] == "done":
                 self.faults.append(f"{tried[3]} was put below {row}, which had been deleted")
