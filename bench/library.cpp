@@ -20,6 +20,10 @@ qint32 Library::AddCategory(const QString& name, qint32 words,
                             const std::function<Word(qint32 id)>& wordOf) {
   ++categories_;
   Transaction transaction(connection_, Transaction::Use::kWrite);
+  connection_.Execute(
+      QStringLiteral("insert into GUIDLists (ID,GUIDField1,GUIDField2,GUIDField3,GUIDField4) "
+                     "values (%1,%1,%1,%1,%1)")
+          .arg(categories_));
   connection_.Execute(QStringLiteral("insert into Dictionary (GID,SortName,Position) "
                                      "values (%1,'%2',%1)")
                           .arg(categories_)
