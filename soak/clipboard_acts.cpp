@@ -65,7 +65,7 @@ void Session::CopyBranch() {
   Key(Qt::Key_C, OneIn(3) ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
 }
 
-// By mouse what else has keys: also from an open editor.
+// By mouse what else has keys; an open editor keeps the corner away.
 void Session::Corner() {
   if (QApplication::activePopupWidget() != nullptr) return;
   if (StoredLibrary(*colleague_).size() > kMostEntries) return;
@@ -78,6 +78,7 @@ void Session::Corner() {
     QTest::mouseMove(window_->windowHandle(), point);
     Settle();
   }
+  if (!corner->isVisible()) return;
   const auto* button = OneOf(corner->findChildren<QToolButton*>());
   Tell(QStringLiteral("corner: ") + button->accessibleName());
   QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, {}, inWindow(*button));

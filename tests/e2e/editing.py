@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 """A session of somebody who maintains the library: create, be refused, rename, delete."""
 
+import contextlib
+import sqlite3
 import unittest
 
 import desktop
@@ -71,6 +73,20 @@ class Editing(desktop.WindowTest):
         self.wait_for_nodes("电加工", "线切割")
         self.assertEqual(self.close(self.process, self.window), 0)
         self.assertEqual(self.admin("export"), "车削\n\t粗车外圆\n\t车端面\n电加工\n\t线切割\n")
+
+    def test_a_word_below_thirty_thousand_others(self):
+        with contextlib.closing(sqlite3.connect(self.library)) as library:
+            library.executemany("insert into Items (SortID,ID,FatherID,NodeName) values (1,?,?,?)",
+                                ((number, number - 1, f"深{number}") for number in range(3, 30_003)))
+            library.commit()
+        process, window = self.open()
+        wait_until(lambda: self.is_active(window), "the window has the keyboard")
+        self.key("ctrl+f")
+        self.type("30002")
+        self.key("Escape", "F2")
+        self.name("最深")
+        wait_until(lambda: self.rows("select NodeName from Items where ID = 30002") == [("最深",)], "it was found and renamed")
+        self.assertEqual(self.close(process, window), 0)
 
 
 if __name__ == "__main__":

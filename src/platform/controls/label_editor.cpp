@@ -37,7 +37,6 @@ QString FirstCharacters(const QString& text, qsizetype count) {
 LabelEditor::LabelEditor(const QString& text, QWidget* parent)
     : QLineEdit(parent), initialText_(text), textBefore_(text) {
   setMaxLength(std::numeric_limits<int>::max());
-  setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);  // as a label, whichever way the text runs
   setText(text);
   // Where the label has it, whichever way the text runs.
   setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);

@@ -117,7 +117,10 @@ bool TreeItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   QRect seen = label & option.rect & view->viewport()->rect();
   // Something that the view shows above its rows covers the end.
   const QPoint end = view->viewport()->mapTo(view, QPoint(seen.right(), seen.center().y()));
-  if (view->childAt(end) != view->viewport()) seen.setRight(seen.right() - 1);
+  const QWidget* const above = view->childAt(end);
+  if (above != view->viewport() && !view->viewport()->isAncestorOf(above)) {
+    seen.setRight(seen.right() - 1);
+  }
   if (event->type() != QEvent::ToolTip || !index.isValid() || seen == label ||
       !ItemRect(option.rect, view->fontMetrics(), OneLine(text)).contains(event->pos())) {
     event->ignore();  // whatever else is being told may stay

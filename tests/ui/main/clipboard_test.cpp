@@ -11,7 +11,9 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QMimeData>
 #include <QToolTip>
+#include <QUrl>
 
 namespace {
 
@@ -119,6 +121,18 @@ TEST_F(ClipboardTest, ABranchIsCopiedAsAnOutlineThatComesBack) {
   tvTreeView->setFocus();
   Press(Qt::Key_C);
   EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("热处理"));
+}
+
+TEST_F(ClipboardTest, WhatIsNoTextIsNotPasted) {
+  auto files = std::make_unique<QMimeData>();
+  files->setUrls({QUrl::fromLocalFile(QStringLiteral("/甲"))});
+  auto damaged = std::make_unique<QMimeData>();  // by another program
+  damaged->setText(QStringLiteral("甲"));
+  damaged->setData(QStringLiteral("application/x-hcwordlib-outline"), "\xFF\xFE\x41");
+  for (std::unique_ptr<QMimeData>* data : {&files, &damaged}) {
+    QApplication::clipboard()->setMimeData(data->release());
+    EXPECT_EQ(Paste("空类") + Messages(), " | 剪贴板中没有可以粘贴的文字。");
+  }
 }
 
 TEST_F(ClipboardTest, OneWordFollowsAnother) {

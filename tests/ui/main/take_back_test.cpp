@@ -6,6 +6,7 @@
 #include "failing_step.h"
 #include "rows.h"
 #include "shared_objects.h"
+#include "tree_corner.h"
 
 #include <QToolTip>
 
@@ -169,6 +170,12 @@ TEST_F(TakeBackTest, TheCornerOfTheTreeDoesForTheMouseWhatElseHasKeysOnly) {
   click("恢复最近一次删除的内容");
   EXPECT_EQ(Selected() + Tree(At("空类")), "空类热处理(淬火 粗车)");
   Audit();
+  const auto* corner = tvTreeView->findChild<TreeCorner*>();
+  move(Label(""));
+  QApplication::processEvents();
+  EXPECT_TRUE(corner->isVisible());
+  PressKey(Qt::Key_F2);
+  EXPECT_FALSE(corner->isVisible());  // it would cover the editor
 }
 
 }  // namespace
